@@ -1,0 +1,49 @@
+// A connection to a database, whatever engine is behind it, and the rules that hold for all engines: one statement per
+// text (anything behind the first fails, and nothing of it runs), opening never creates a file and reads the header at once,
+// a busy database is waited for up to the connection timeout.
+#pragma once
+
+#include "platform/database/record_set.hpp"
+#include "platform/database/sqlite_engine.hpp"
+#include "platform/result.hpp"
+
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace kestrel::database {
+
+using platform::Failure;
+using platform::Result;
+using platform::Status;
+
+// Which of the program's two connections this is; tests break, trace and lock by it.
+enum class Role { main, local };
+
+struct Settings {
+    int connectionTimeout = 60;  // seconds that opening, and each statement, waits for a busy database
+    int commandTimeout = 30000;  // seconds a statement may run
+};
+
+class Connection {
+public:
+    Connection() = default; // nothing is open
+    bool isOpen() const { return engine.index() != 0; }
+    void close(); // harmless when nothing is open
+
+    // Runs one statement that answers no rows. The text is the suite's own; the engine gets it in its own dialect.
+    Status execute(std::string_view sql);
+    // Runs one SELECT and stands on its first row; later rows are fetched as they are asked for.
+    Result<RecordSet> open(std::string_view sql);
+
+private:
+    friend Result<Connection> openConnection(std::string_view, Role, const Settings&);
+    std::variant<std::monostate, SqliteConnection> engine;
+    Role role = Role::main;
+};
+
+// text: "Key=value;" pairs (letter case of keys ignored, a later pair wins). The providers "Microsoft.ACE.OLEDB.12.0" and
+// "Microsoft.Jet.OLEDB.4.0" open the file at "Data Source" by its content. A failure holds the engine's number.
+Result<Connection> openConnection(std::string_view text, Role role, const Settings& settings = {});
+
+} // namespace kestrel::database

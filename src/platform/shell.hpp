@@ -1,0 +1,12 @@
+// The desktop's own programs, asked to open a document, a folder or an address.
+#pragma once
+
+#include <string_view>
+
+namespace kestrel::platform {
+
+// Asks the desktop to open the path or address, with the folder (when it exists) as working folder; not waited for.
+// Above 32: started. Anything else: why not (2 not found, 31 nothing that opens it).
+int openWithDesktop(std::string_view target, std::string_view workingFolder);
+
+} // namespace kestrel::platform
