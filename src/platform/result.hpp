@@ -28,6 +28,8 @@ private:
 };
 
 using Status = Result<std::monostate>;
-inline Status done() { return std::monostate{}; }
+inline Status done() {
+    return std::monostate{};
+}
 
 } // namespace kestrel::platform

@@ -1,4 +1,5 @@
-// A source of acts in place of a person: a scenario. While one is set, every wait of a front end takes its next act from it.
+// A source of acts in place of a person: a scenario. While one is set, every wait of a front end takes its next act
+// from it.
 #pragma once
 
 namespace kestrel::screen {

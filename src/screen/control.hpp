@@ -1,6 +1,6 @@
-// One control of a window: a plain record that holds what the screen says. Front ends show it; they hold no truth of their
-// own. Reading is plain member access; writing goes through the set… functions below, which raise the change event where a
-// control has one.
+// One control of a window: a plain record that holds what the screen says. Front ends show it; they hold no truth of
+// their own. Reading is plain member access; writing goes through the set… functions below, which raise the change
+// event where a control has one.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,21 @@ namespace kestrel::screen {
 
 struct Window;
 
-enum class Kind { xField, xNum, xText, xZip, xTel, xPass, xKana, xLabel, SSCommand, SSPanel, SSTab, ListView, ComboBox };
+enum class Kind {
+    xField,
+    xNum,
+    xText,
+    xZip,
+    xTel,
+    xPass,
+    xKana,
+    xLabel,
+    SSCommand,
+    SSPanel,
+    SSTab,
+    ListView,
+    ComboBox
+};
 
 // State of the Japanese input method while a field has the focus.
 enum class InputMode { none, off, on, disabled, hiragana, halfKatakana };
@@ -82,7 +96,8 @@ void setEnabled(Control& control, bool enabled);
 void setVisible(Control& control, bool visible);
 void setTabStop(Control& control, bool tabStop);
 void setColor(Control& control, std::optional<Color> color);
-void setValue(Control& control, int value); // xNum: clamped to its bounds, raises change when it differs; SSTab: turns the page
+void setValue(Control& control,
+              int value); // xNum: clamped to its bounds, raises change when it differs; SSTab: turns the page
 void setBounds(Control& control, int minimum, int maximum); // xNum
 void setItems(Control& control, std::vector<std::string> items);
 void setListIndex(Control& control, int index); // drop-down; outside its rows: none shown. Raises no event
@@ -95,9 +110,9 @@ void setSelected(Control& list, int index);
 // How an xZip shows digits: a hyphen behind the third as soon as a fourth is there; any other text as typed.
 std::string zipText(std::string_view typed);
 
-bool isField(const Control& control);     // a person types into it
-bool isButton(const Control& control);    // SSCommand
-bool takesFocus(const Control& control);  // fields, buttons, drop-downs, lists, tab strips; panels and labels don't
-bool pageShown(const Control& control);   // it stands on no page, or on the page that its tab strip shows
+bool isField(const Control& control);    // a person types into it
+bool isButton(const Control& control);   // SSCommand
+bool takesFocus(const Control& control); // fields, buttons, drop-downs, lists, tab strips; panels and labels don't
+bool pageShown(const Control& control);  // it stands on no page, or on the page that its tab strip shows
 
 } // namespace kestrel::screen

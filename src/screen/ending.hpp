@@ -1,5 +1,5 @@
-// The end of the process is a flag that model and gateway honour: from then on modal waits return at once, handlers run out
-// without touching a control or a database, however deep they were.
+// The end of the process is a flag that model and gateway honour: from then on modal waits return at once, handlers run
+// out without touching a control or a database, however deep they were.
 #pragma once
 
 namespace kestrel::screen {

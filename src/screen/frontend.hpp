@@ -1,6 +1,6 @@
-// The whole seam between the model and what shows it. frontend/qt and frontend/headless implement it; a program links one.
-// A front end shows the model and reports what a person did (screen/person.hpp). It never decides the focus and never calls
-// a handler from a toolkit's own focus event. Every wait returns at once after the end of the process.
+// The whole seam between the model and what shows it. frontend/qt and frontend/headless implement it; a program links
+// one. A front end shows the model and reports what a person did (screen/person.hpp). It never decides the focus and
+// never calls a handler from a toolkit's own focus event. Every wait returns at once after the end of the process.
 #pragma once
 
 #include "screen/message.hpp"

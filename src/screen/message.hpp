@@ -16,9 +16,9 @@ struct MessageBox {
     int cancelButton = 0; // what closing the box and Esc mean
 };
 
-void message(std::string_view text);                                // [OK]
-bool question(std::string_view text, bool defaultIsYes = true);     // [はい] [いいえ]; true for はい; closing is いいえ
-void setMessageTitle(std::string title);                            // title of all boxes: the program ID
+void message(std::string_view text);                            // [OK]
+bool question(std::string_view text, bool defaultIsYes = true); // [はい] [いいえ]; true for はい; closing is いいえ
+void setMessageTitle(std::string title);                        // title of all boxes: the program ID
 
 struct FileDialog {
     std::string filter; // "title|pattern|title|pattern"

@@ -13,8 +13,36 @@ namespace kestrel::screen {
 
 enum class Event { change, gotFocus, lostFocus, keyDown, click, doubleClick, columnClick };
 
-enum class Key { Tab, BackTab, Enter, Esc, Ctrl, Space, Up, Down, Left, Right, Home, End, PageUp, PageDown, Backspace, Delete,
-                 F1, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12 };
+enum class Key {
+    Tab,
+    BackTab,
+    Enter,
+    Esc,
+    Ctrl,
+    Space,
+    Up,
+    Down,
+    Left,
+    Right,
+    Home,
+    End,
+    PageUp,
+    PageDown,
+    Backspace,
+    Delete,
+    F1,
+    F2,
+    F3,
+    F4,
+    F5,
+    F6,
+    F7,
+    F8,
+    F9,
+    F10,
+    F11,
+    F12
+};
 
 // What happened. key is meant for keyDown, column for columnClick.
 struct Occurrence {
@@ -74,10 +102,12 @@ void setCaption(Window& window, std::string_view caption);
 void setSize(Window& window, int width, int height);
 void setEnabled(Window& window, bool enabled); // enabling a blocked window also unblocks it
 
+// A window's record outlives every handler of its own: it is never destroyed from inside one.
+
 // Not modal: the load step runs, then the window is there. It gets no focus by itself.
 void show(Window& window);
-// Modal: blocks the other shown windows, gives the first focus (the control that had it, else the lowest tab index that can
-// take it), and returns when the window was hidden or unloaded and the handler that did so has run to its end.
+// Modal: blocks the other shown windows, gives the first focus (the control that had it, else the lowest tab index that
+// can take it), and returns when the window was hidden or unloaded and the handler that did so has run to its end.
 void showModal(Window& window);
 void hide(Window& window);
 void unload(Window& window); // hidden, and its load step runs again at the next show
@@ -86,11 +116,9 @@ const std::vector<Window*>& shownWindows(); // lowest first
 Window* activeWindow();                     // the topmost one that a person can use; null when there is none
 Window* findShownWindow(std::string_view name);
 
-// Runs the handler that the window's table binds to it. The innermost dispatch catches what a handler raises: it enables the
-// window again, shows one box with the error's text, and the program lives on.
+// Runs the handler that the window's table binds to it. The innermost dispatch catches what a handler raises: it
+// enables the window again, shows one box with the error's text, and the program lives on.
 void raise(const Occurrence& occurrence);
-void setErrorTitle(std::string title); // title of that box: the program ID
-
 void resetScreens(); // forgets every window, box and the end of the process, so that the program can be started again
 
 } // namespace kestrel::screen

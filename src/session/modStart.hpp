@@ -5,8 +5,8 @@
 
 namespace kestrel {
 
-// The whole start of a process: resets everything, opens, shows the entry form and gives the first focus. The caller then
-// waits in frontend::waitUntilEnded(). When the start fails the process has ended (screen::ended()) on return.
+// The whole start of a process: resets everything, opens, shows the entry form and gives the first focus. The caller
+// then waits in frontend::waitUntilEnded(). When the start fails the process has ended (screen::ended()) on return.
 void startProgram(const std::string& commandLine);
 bool openProgram();
 void closeProgram();

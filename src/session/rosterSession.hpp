@@ -1,6 +1,7 @@
-// The one record of the addressee on the screen, with the screen's flags and references. Values are texts; an absent value is
-// the empty text, never a null: a read leaves the old value in place when a column is null. Fields of the screen never hold
-// the truth: a handler takes a field's text into this record, works on it, and rewrites all fields from it.
+// The one record of the addressee on the screen, with the screen's flags and references. Values are texts; an absent
+// value is the empty text, never a null: a read leaves the old value in place when a column is null. Fields of the
+// screen never hold the truth: a handler takes a field's text into this record, works on it, and rewrites all fields
+// from it.
 #pragma once
 
 #include "platform/database/record_set.hpp"
@@ -28,16 +29,17 @@ struct RosterSession {
     std::string 宛先摘要; // line ends are CR LF
     std::string 得意先登録日付, 得意先コード, 納品先登録日付, 納品先コード;
     std::string 仕入先登録日付, 仕入先コード, メーカ登録日付, メーカコード;
-    std::string 宛先ID, 承認者コード, 承認日付, 承認区分, 登録日付, 更新日付; // carried from the row read to the row written
+    std::string 宛先ID, 承認者コード, 承認日付, 承認区分, 登録日付,
+        更新日付;                   // carried from the row read to the row written
     std::string previousRosterDate; // emptied by clears; nothing ever fills it
 
     bool refreshing = false; // showEntry is running: every handler of the entry form does nothing
     bool newEntry = true;
     bool dirty = false;
     bool linkStarted = false;
-    std::int16_t printChoice = 0;  // 0 save and print, 1 save only, 2 no
-    std::string operationKind;     // "0" insert, "1" change, "2" delete; read by nothing
-    std::int16_t writeResult = 0;  // 1 inserted, 3 insert failed, 7 deleted, 6 delete failed
+    std::int16_t printChoice = 0; // 0 save and print, 1 save only, 2 no
+    std::string operationKind;    // "0" insert, "1" change, "2" delete; read by nothing
+    std::int16_t writeResult = 0; // 1 inserted, 3 insert failed, 7 deleted, 6 delete failed
     std::string writeMessage;
 
     std::string lookupCondition;

@@ -1,5 +1,5 @@
-// The session values beside rosterSession: of the installation and its connections, of the company, of the signed-in member.
-// All live as long as the process; resetSession() puts everything back to how a process begins.
+// The session values beside rosterSession: of the installation and its connections, of the company, of the signed-in
+// member. All live as long as the process; resetSession() puts everything back to how a process begins.
 #pragma once
 
 #include "platform/database/connection.hpp"
@@ -49,8 +49,9 @@ struct StaffValues {
     std::int16_t 社員区分 = 0;
     std::int16_t accessLevel = 0;
     bool signedIn = false;
-    std::array<std::string, 10> classRights;    // 処理分類0操作許可 to 処理分類9操作許可
-    std::array<std::string, 8> operationRights; // 操作, 入力, 修正, 削除, 印刷, プレビュ, テキスト出力, イメージ出力 許可
+    std::array<std::string, 10> classRights; // 処理分類0操作許可 to 処理分類9操作許可
+    std::array<std::string, 8>
+        operationRights; // 操作, 入力, 修正, 削除, 印刷, プレビュ, テキスト出力, イメージ出力 許可
 };
 
 inline InstallationValues installation;

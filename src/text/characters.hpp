@@ -1,5 +1,5 @@
-// Characters of UTF-8 texts. A character is a code point, in every length, position and "first n characters"; a byte that
-// is no valid UTF-8 counts as one character of its own. Blank means U+0020; trimming takes blanks only.
+// Characters of UTF-8 texts. A character is a code point, in every length, position and "first n characters"; a byte
+// that is no valid UTF-8 counts as one character of its own. Blank means U+0020; trimming takes blanks only.
 #pragma once
 
 #include <string>
@@ -8,12 +8,13 @@
 
 namespace kestrel::text {
 
-std::size_t length(std::string_view text);                                             // in characters
-std::vector<std::string_view> characters(std::string_view text);                       // one view a character
-std::string slice(std::string_view text, std::size_t from, std::size_t count);         // from 0; short at the end
+std::size_t length(std::string_view text);                                     // in characters
+std::vector<std::string_view> characters(std::string_view text);               // one view a character
+std::string slice(std::string_view text, std::size_t from, std::size_t count); // from 0; short at the end
 std::string first(std::string_view text, std::size_t count);
 
-// Length in bytes of code page 932, by class: U+0000 to U+007F and U+FF61 to U+FF9F one byte, every other character two.
+// Length in bytes of code page 932, by class: U+0000 to U+007F and U+FF61 to U+FF9F one byte, every other character
+// two.
 std::size_t byteLength932(std::string_view text);
 
 std::string trim(std::string_view text);

@@ -1,5 +1,5 @@
-// Two ways to read a number out of a text; each caller says which it means. Neither ever throws; a number that is too large
-// stays at the largest.
+// Two ways to read a number out of a text; each caller says which it means. Neither ever throws; a number that is too
+// large stays at the largest.
 #pragma once
 
 #include <string>

@@ -1,6 +1,6 @@
 // A connection to a database, whatever engine is behind it, and the rules that hold for all engines: one statement per
-// text (anything behind the first fails, and nothing of it runs), opening never creates a file and reads the header at once,
-// a busy database is waited for up to the connection timeout.
+// text (anything behind the first fails, and nothing of it runs), opening never creates a file and reads the header at
+// once, a busy database is waited for up to the connection timeout.
 #pragma once
 
 #include "platform/database/record_set.hpp"
@@ -21,8 +21,8 @@ using platform::Status;
 enum class Role { main, local };
 
 struct Settings {
-    int connectionTimeout = 60;  // seconds that opening, and each statement, waits for a busy database
-    int commandTimeout = 30000;  // seconds a statement may run
+    int connectionTimeout = 60; // seconds that opening, and each statement, waits for a busy database
+    int commandTimeout = 30000; // seconds a statement may run
 };
 
 class Connection {
@@ -42,8 +42,8 @@ private:
     Role role = Role::main;
 };
 
-// text: "Key=value;" pairs (letter case of keys ignored, a later pair wins). The providers "Microsoft.ACE.OLEDB.12.0" and
-// "Microsoft.Jet.OLEDB.4.0" open the file at "Data Source" by its content. A failure holds the engine's number.
+// text: "Key=value;" pairs (letter case of keys ignored, a later pair wins). The providers "Microsoft.ACE.OLEDB.12.0"
+// and "Microsoft.Jet.OLEDB.4.0" open the file at "Data Source" by its content. A failure holds the engine's number.
 Result<Connection> openConnection(std::string_view text, Role role, const Settings& settings = {});
 
 } // namespace kestrel::database

@@ -7,8 +7,9 @@
 
 namespace kestrel::database {
 
-// From now on each statement on that connection that contains the text, as the program sends it, fails with the description
-// "broken on purpose"; several add up. The run history's own INSERT is spared unless the text names プログラム稼動履歴.
+// From now on each statement on that connection that contains the text, as the program sends it, fails with the
+// description "broken on purpose"; several add up. The run history's own INSERT is spared unless the text names
+// プログラム稼動履歴.
 void breakStatements(Role role, std::string containing);
 void breakOpening(Role role);
 void mendAll();

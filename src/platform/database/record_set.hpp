@@ -27,8 +27,8 @@ public:
     void close();    // harmless at any time
 
     // The column's text in the present row. Column names compare as they stand, ASCII letters in either case.
-    std::string text(std::string_view column) const;                                // a null raises
-    std::string text(std::string_view column, std::string_view whenNull) const;     // a null gives whenNull
+    std::string text(std::string_view column) const;                            // a null raises
+    std::string text(std::string_view column, std::string_view whenNull) const; // a null gives whenNull
     std::optional<std::string> textOrNull(std::string_view column) const;
     int columnCount() const;
     std::string columnName(int index) const;
