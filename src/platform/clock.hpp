@@ -11,8 +11,11 @@ struct Moment {
 
 Moment now();
 
-std::string dateText(const Moment& moment); // "yyyymmdd"
-std::string timeText(const Moment& moment); // "hh:nn:ss"
+// Seconds since some fixed point, for spans only; a standing clock doesn't stop it.
+double secondsRunning();
+
+std::string dateText(const Moment& moment);  // "yyyymmdd"
+std::string timeText(const Moment& moment);  // "hh:nn:ss"
 std::string stampText(const Moment& moment); // "yyyymmdd hhnnss"
 
 // For tests: from here on the clock stands at the moment; tickClock lets a standing clock move on by itself by so many
