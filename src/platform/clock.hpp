@@ -11,6 +11,9 @@ struct Moment {
 
 Moment now();
 
+// Seconds since some fixed point, for spans only; a standing clock doesn't stop it.
+double secondsRunning();
+
 std::string dateText(const Moment& moment);  // "yyyymmdd"
 std::string timeText(const Moment& moment);  // "hh:nn:ss"
 std::string stampText(const Moment& moment); // "yyyymmdd hhnnss"

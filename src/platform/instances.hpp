@@ -6,14 +6,14 @@
 namespace kestrel::platform {
 
 // Announces this process for the root and answers whether another process had announced itself before. Of two plain
-// starts at the same moment exactly one gets false. Nothing stale is left after a kill: the kernel drops the mark with
-// the process.
+// starts at the same moment exactly one gets false. A process that gets true is not announced: it is about to give way.
+// Nothing stale is left after a kill: the kernel drops the mark with the process.
 bool anotherInstanceRuns(std::string_view root);
 // Announces this process without asking (a start that is exempt from the rule is still seen by later ones).
 void announceInstance(std::string_view root);
 void withdrawInstance();
 
-// For tests: pretends that another one runs.
+// For tests: pretends that another one runs, or no longer does.
 void pretendInstance(bool running);
 
 } // namespace kestrel::platform

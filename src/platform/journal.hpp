@@ -21,7 +21,7 @@ struct Entry {
 };
 
 void start(); // empties the journal and switches it on
-void stop();
+void stop();  // what was recorded stays to be read
 bool running();
 void record(Channel channel, std::string_view text); // nothing when it is off
 const std::vector<Entry>& entries();

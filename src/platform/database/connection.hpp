@@ -17,8 +17,9 @@ using platform::Failure;
 using platform::Result;
 using platform::Status;
 
-// Which of the program's two connections this is; tests break, trace and lock by it.
-enum class Role { main, local };
+// Which of the program's two connections this is; tests break, trace and lock by it. What is sent beside the program
+// (making an installation, a tester's own statement) is neither recorded nor broken.
+enum class Role { main, local, beside };
 
 struct Settings {
     int connectionTimeout = 60; // seconds that opening, and each statement, waits for a busy database
@@ -40,10 +41,12 @@ private:
     friend Result<Connection> openConnection(std::string_view, Role, const Settings&);
     std::variant<std::monostate, SqliteConnection> engine;
     Role role = Role::main;
+    Settings settings;
 };
 
-// text: "Key=value;" pairs (letter case of keys ignored, a later pair wins). The providers "Microsoft.ACE.OLEDB.12.0"
-// and "Microsoft.Jet.OLEDB.4.0" open the file at "Data Source" by its content. A failure holds the engine's number.
+// text: "Key=value;" pairs (letter case of keys and blanks around both ignored, a later pair wins, a value may stand in
+// quotes). The providers "Microsoft.ACE.OLEDB.12.0" and
+// "Microsoft.Jet.OLEDB.4.0" open the file at "Data Source" by its content. A failure holds the engine's number.
 Result<Connection> openConnection(std::string_view text, Role role, const Settings& settings = {});
 
 } // namespace kestrel::database

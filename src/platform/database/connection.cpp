@@ -1,0 +1,111 @@
+#include "platform/database/connection.hpp"
+
+#include "platform/database/connection_text.hpp"
+#include "platform/database/fault_state.hpp"
+#include "platform/database/file_kind.hpp"
+#include "platform/database/names.hpp"
+#include "platform/database/rewriter.hpp"
+#include "platform/journal.hpp"
+#include "platform/paths.hpp"
+
+namespace kestrel::database {
+
+using platform::systemPath;
+
+namespace {
+
+// Primary numbers of the engine for what is found out before it is asked.
+constexpr int generalError = 1;
+constexpr int cannotOpen = 14;
+constexpr int notADatabase = 26;
+
+Failure refuse(int number, std::string why) {
+    return Failure{number, std::move(why)};
+}
+
+bool fileProvider(std::string_view provider) {
+    return sameName(provider, "Microsoft.ACE.OLEDB.12.0") || sameName(provider, "Microsoft.Jet.OLEDB.4.0");
+}
+
+std::optional<Failure> refuseFile(const std::string& path) {
+    switch (fileKind(path)) {
+    case FileKind::sqlite:
+        return std::nullopt;
+    case FileKind::missing:
+        return refuse(cannotOpen, "there is no database file " + path);
+    case FileKind::folder:
+        return refuse(cannotOpen, path + " is a folder, not a database file");
+    case FileKind::unreadable:
+        return refuse(cannotOpen, "the database file " + path + " can't be read");
+    case FileKind::access:
+        return refuse(cannotOpen, path + " is an Access database, and no ODBC driver for Access is installed");
+    case FileKind::other:
+        break;
+    }
+    return refuse(notADatabase, path + " is not a database file");
+}
+
+int waitingOf(const Settings& settings) {
+    return faultyWaiting().value_or(settings.connectionTimeout);
+}
+
+// The statement goes into the journal as the program sent it and, where the engine gets another text, as that one too.
+std::string textForEngine(Role role, std::string_view sql) {
+    std::string text = rewrite(sql, Dialect::sqlite);
+    if (role != Role::beside && text != sql) journal::record(journal::Channel::engine, text);
+    return text;
+}
+
+void recordSent(Role role, std::string_view sql) {
+    if (role == Role::beside) return;
+    journal::record(role == Role::main ? journal::Channel::sentMain : journal::Channel::sentLocal, sql);
+}
+
+// What speaks against sending the statement at all.
+std::optional<Failure> refuseStatement(bool open, Role role, std::string_view sql) {
+    recordSent(role, sql);
+    if (!open) return refuse(generalError, "the connection is not open");
+    if (isBroken(role, sql)) return brokenOnPurpose();
+    return std::nullopt;
+}
+
+} // namespace
+
+void Connection::close() {
+    engine = std::monostate{};
+}
+
+Status Connection::execute(std::string_view sql) {
+    if (auto refused = refuseStatement(isOpen(), role, sql)) return *refused;
+    auto& sqlite = std::get<SqliteConnection>(engine);
+    sqlite.limit(waitingOf(settings), settings.commandTimeout);
+    return sqlite.execute(textForEngine(role, sql));
+}
+
+Result<RecordSet> Connection::open(std::string_view sql) {
+    if (auto refused = refuseStatement(isOpen(), role, sql)) return *refused;
+    auto& sqlite = std::get<SqliteConnection>(engine);
+    sqlite.limit(waitingOf(settings), settings.commandTimeout);
+    auto rows = sqlite.open(textForEngine(role, sql));
+    if (!rows) return rows.failure();
+    return RecordSet(std::move(rows.value()));
+}
+
+Result<Connection> openConnection(std::string_view text, Role role, const Settings& settings) {
+    if (isOpeningBroken(role)) return brokenOnPurpose();
+    std::string provider = connectionValue(text, "Provider");
+    if (!fileProvider(provider))
+        return refuse(generalError, "there is no engine for the provider \"" + provider + "\"");
+    std::string path = systemPath(connectionValue(text, "Data Source"));
+    if (path.empty()) return refuse(cannotOpen, "the connection names no Data Source");
+    if (auto refused = refuseFile(path)) return *refused;
+    auto opened = openSqlite(path, waitingOf(settings), settings.commandTimeout);
+    if (!opened) return Failure{opened.failure().number, opened.failure().description + ": " + path};
+    Connection connection;
+    connection.engine = std::move(opened.value());
+    connection.role = role;
+    connection.settings = settings;
+    return connection;
+}
+
+} // namespace kestrel::database

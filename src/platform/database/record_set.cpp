@@ -1,0 +1,72 @@
+#include "platform/database/record_set.hpp"
+
+#include "platform/database/names.hpp"
+
+namespace kestrel::database {
+
+namespace {
+
+int columnIndex(const SqliteRows& rows, std::string_view column) {
+    int count = rows.columnCount();
+    for (int i = 0; i < count; ++i)
+        if (sameName(rows.columnName(i), column)) return i;
+    return -1;
+}
+
+std::optional<std::string_view> valueOf(const SqliteRows* rows, std::string_view column) {
+    if (!rows || rows->atEnd()) throw DatabaseError("there is no row to read " + std::string(column) + " from");
+    int index = columnIndex(*rows, column);
+    if (index < 0) throw DatabaseError("there is no column " + std::string(column));
+    return rows->value(index);
+}
+
+} // namespace
+
+RecordSet::RecordSet(SqliteRows content) : rows(std::move(content)) {}
+
+bool RecordSet::bof() const {
+    auto sqlite = std::get_if<SqliteRows>(&rows);
+    return !sqlite || sqlite->none();
+}
+
+bool RecordSet::eof() const {
+    auto sqlite = std::get_if<SqliteRows>(&rows);
+    return !sqlite || sqlite->atEnd();
+}
+
+void RecordSet::moveNext() {
+    auto sqlite = std::get_if<SqliteRows>(&rows);
+    if (!sqlite) return;
+    if (auto moved = sqlite->next(); !moved) throw DatabaseError(moved.failure().description);
+}
+
+void RecordSet::close() {
+    rows = std::monostate{};
+}
+
+std::string RecordSet::text(std::string_view column) const {
+    auto value = valueOf(std::get_if<SqliteRows>(&rows), column);
+    if (!value) throw DatabaseError("the column " + std::string(column) + " is null");
+    return std::string(*value);
+}
+
+std::string RecordSet::text(std::string_view column, std::string_view whenNull) const {
+    return std::string(valueOf(std::get_if<SqliteRows>(&rows), column).value_or(whenNull));
+}
+
+std::optional<std::string> RecordSet::textOrNull(std::string_view column) const {
+    auto value = valueOf(std::get_if<SqliteRows>(&rows), column);
+    return value ? std::optional<std::string>(*value) : std::nullopt;
+}
+
+int RecordSet::columnCount() const {
+    auto sqlite = std::get_if<SqliteRows>(&rows);
+    return sqlite ? sqlite->columnCount() : 0;
+}
+
+std::string RecordSet::columnName(int index) const {
+    auto sqlite = std::get_if<SqliteRows>(&rows);
+    return sqlite ? std::string(sqlite->columnName(index)) : std::string();
+}
+
+} // namespace kestrel::database

@@ -1,0 +1,41 @@
+#include "platform/paths.hpp"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace kestrel::platform {
+
+namespace {
+
+std::string& pretendedFolder() {
+    static std::string folder;
+    return folder;
+}
+
+} // namespace
+
+std::size_t lastSeparator(std::string_view path) {
+    return path.find_last_of("/\\");
+}
+
+std::string joinPath(std::string_view folder, std::string_view name) {
+    return std::string(folder).append("/").append(name);
+}
+
+std::string systemPath(std::string_view path) {
+    std::string system(path);
+    std::ranges::replace(system, '\\', '/');
+    return system;
+}
+
+std::string executableFolder() {
+    if (!pretendedFolder().empty()) return pretendedFolder();
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
+}
+
+void setExecutableFolder(std::string folder) {
+    pretendedFolder() = std::move(folder);
+}
+
+} // namespace kestrel::platform
