@@ -25,12 +25,10 @@ struct SharedFolders {
 };
 
 struct OfficeValues {
-    std::string officeName; // 名称
     std::string 郵便番号, 住所A, 住所B, 住所C, 代表者名, 電話, FAX, 登録番号, HOMEPAGE, EMAIL;
     std::string 銀行口座A, 銀行口座B, 銀行口座C, 銀行口座D, 地区コード;
     SharedFolders folders;
     std::int16_t 暗証番号有無 = 0, 更新実行区分 = 0;
-    std::string officePrivilegedPin; // plain
 };
 
 struct CompanyValues {
@@ -55,8 +53,11 @@ struct CompanyValues {
     std::string 登録日付, 更新日付;
 
     OfficeValues office;
-    std::int16_t officeCount = 0; // offices other than "000"
-    int linkedCount = 0;          // slots of linked in use
+    std::string officeName;          // 名称 of the operating office
+    std::string officeDisplayName;   // the same, read afresh for the title; kept, and read by nothing here
+    std::string officePrivilegedPin; // plain; always the office's, "000" too
+    std::int16_t officeCount = 0;    // offices other than "000"
+    int linkedCount = 0;             // slots of linked in use
     std::array<LinkedBusiness, 10> linked;
 };
 
