@@ -1,5 +1,6 @@
 #include "session/sessionValues.hpp"
 
+#include "session/companyValues.hpp"
 #include "session/rosterSession.hpp"
 
 namespace kestrel {
@@ -8,6 +9,7 @@ void resetSession() {
     installation = {};
     connections = {};
     staff = {};
+    company = {};
     rosterSession = {};
 }
 

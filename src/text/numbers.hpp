@@ -2,13 +2,15 @@
 // large stays at the largest.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace kestrel::text {
 
-long long leadingNumber(std::string_view text); // blanks, sign, digits up to the first other character; else 0
-long long wholeNumber(std::string_view text);   // 0 unless the whole text is one (blanks at both ends allowed)
+long long leadingNumber(std::string_view text);   // blanks, sign, digits up to the first other character; else 0
+long long wholeNumber(std::string_view text);     // 0 unless the whole text is one (blanks at both ends allowed)
+std::int16_t leadingShort(std::string_view text); // the leading number, held within 16 bits
 bool isWholeNumber(std::string_view text);
 
 // The number with leading zeros up to width digits, a minus in front of them: zeroFilled(7, 3) is "007".
