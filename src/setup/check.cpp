@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 
 namespace kestrel::setup {
 
@@ -37,8 +38,8 @@ void checkTree(const std::string& root, Lines& lines) {
     if (!fs::exists(root + "/" + programFile)) lines.push_back(std::string("file ") + programFile + " is missing");
 }
 
-void checkColumns(const std::string& path, const Table& table, Lines& lines) {
-    const auto names = columnsInStore(path, table.name);
+void checkColumns(Connection& store, const Table& table, Lines& lines) {
+    const auto names = columnNames(store, table.name);
     if (!names) {
         lines.push_back("table " + table.name + " is missing: " + names.failure().description);
         return;
@@ -50,21 +51,23 @@ void checkColumns(const std::string& path, const Table& table, Lines& lines) {
     }
 }
 
-// False when the file is no database at all, so that one line stands for all its tables.
-bool checkTables(const std::string& path, std::string_view database, Lines& lines) {
-    if (const auto readable = readStore(path, "SELECT COUNT(*) AS n FROM sqlite_master"); !readable) {
-        lines.push_back(path + " can't be read: " + readable.failure().description);
-        return false;
-    }
+void checkTables(Connection& store, std::string_view database, Lines& lines) {
     for (const Table& table : tables()) {
-        if (table.database == database) checkColumns(path, table, lines);
+        if (table.database == database) checkColumns(store, table, lines);
     }
-    return true;
+}
+
+// Nothing when the file is no database, with one line for all that would be in it.
+std::optional<Connection> openChecked(const std::string& path, Lines& lines) {
+    auto store = openStore(path);
+    if (store) return std::move(store.value());
+    lines.push_back(path + " can't be read: " + store.failure().description);
+    return std::nullopt;
 }
 
 // The first row of the SELECT; an empty row when there is none or it fails (a missing table has its own line).
-Row firstRow(const std::string& path, const std::string& sql) {
-    const auto rows = readStore(path, sql);
+Row firstRow(Connection& store, const std::string& sql) {
+    const auto rows = readRows(store, sql);
     return rows && !rows.value().empty() ? rows.value().front() : Row{};
 }
 
@@ -92,17 +95,17 @@ std::string selectRow(const RequiredRow& row) {
     return std::string("SELECT * FROM ") + row.table + " WHERE " + row.column + " = '" + row.value + "'";
 }
 
-void checkRequiredRow(const std::string& path, const RequiredRow& row, Lines& lines) {
-    if (!thereIs(firstRow(path, selectRow(row)))) {
+void checkRequiredRow(Connection& store, const RequiredRow& row, Lines& lines) {
+    if (!thereIs(firstRow(store, selectRow(row)))) {
         lines.push_back(std::string("table ") + row.table + " has no row " + row.column + " = " + row.value);
     }
 }
 
 // A screen takes the place of a class in its list for its value, so the values have to be 0, 1, 2 and so on.
-void checkClasses(const std::string& path, Lines& lines) {
+void checkClasses(Connection& store, Lines& lines) {
     for (const Table& table : tables()) {
         if (!table.name.starts_with("K")) continue;
-        const auto rows = readStore(path, "SELECT 区分 FROM " + table.name + " ORDER BY 区分");
+        const auto rows = readRows(store, "SELECT 区分 FROM " + table.name + " ORDER BY 区分");
         if (!rows) continue;
         if (rows.value().empty()) lines.push_back("table " + table.name + " is empty");
         for (std::size_t i = 0; i < rows.value().size(); ++i) {
@@ -119,18 +122,28 @@ std::string joinedParts(const Row& row, const Column& column) {
     return text;
 }
 
-void checkGenerated(const std::string& path, Lines& lines) {
+// Fails, and so stays silent, where a column is missing: that has its own line.
+Result<Rows> readParts(Connection& store, const Table& table, const Column& column) {
+    std::string sql = "SELECT " + column.name;
+    for (const std::string& part : column.parts) sql += "," + part;
+    return readRows(store, sql + " FROM " + table.name);
+}
+
+void checkJoined(Connection& store, const Table& table, const Column& column, Lines& lines) {
+    const auto rows = readParts(store, table, column);
+    if (!rows) return;
+    const auto wrong = std::ranges::count_if(
+        rows.value(), [&](const Row& row) { return row.get(column.name) != joinedParts(row, column); });
+    if (wrong) {
+        lines.push_back(table.name + "." + column.name + " is not the joined text in " + std::to_string(wrong) +
+                        " rows");
+    }
+}
+
+void checkGenerated(Connection& store, Lines& lines) {
     for (const Table& table : tables()) {
         for (const Column& column : table.columns) {
-            if (column.type != "generated") continue;
-            const auto rows = readStore(path, "SELECT * FROM " + table.name);
-            if (!rows) continue;
-            const auto wrong = std::ranges::count_if(rows.value(), [&](const Row& row) {
-                return row.get(column.name) && textOf(row, column.name) != joinedParts(row, column);
-            });
-            if (wrong)
-                lines.push_back(table.name + "." + column.name + " is not the joined text in " + std::to_string(wrong) +
-                                " rows");
+            if (column.type == "generated") checkJoined(store, table, column, lines);
         }
     }
 }
@@ -140,38 +153,38 @@ bool permits(const Row& row, const std::string& column) {
 }
 
 // A row for the member and this program replaces the right of the program's class.
-bool mayOpen(const std::string& mainPath, const std::string& localPath, const Row& member) {
-    const Row own = firstRow(mainPath, "SELECT * FROM 担当者別操作許可プログラム WHERE 担当者コード = '" +
-                                           textOf(member, "コード") +
-                                           "' AND 業務メニュ = '営業支援' AND プログラムID = '連絡台帳入力'");
+bool mayOpen(Connection& main, Connection& local, const Row& member) {
+    const Row own =
+        firstRow(main, "SELECT * FROM 担当者別操作許可プログラム WHERE 担当者コード = '" + textOf(member, "コード") +
+                           "' AND 業務メニュ = '営業支援' AND プログラムID = '連絡台帳入力'");
     if (thereIs(own)) return permits(own, "操作許可");
-    const Row program = firstRow(localPath, "SELECT * FROM 営業支援 WHERE プログラムID = '連絡台帳入力'");
+    const Row program = firstRow(local, "SELECT * FROM 営業支援 WHERE プログラムID = '連絡台帳入力'");
     const std::string right = "処理分類" + textOf(program, "処理分類") + "操作許可";
     return permits(member, "操作許可") && permits(member, right);
 }
 
-void checkMember(const std::string& mainPath, const std::string& localPath, Lines& lines) {
-    const Row environment = firstRow(localPath, "SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'");
+void checkMember(Connection& main, Connection& local, Lines& lines) {
+    const Row environment = firstRow(local, "SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'");
     if (!thereIs(environment)) return;
     const std::string code = textOf(environment, "起動担当者コード");
     if (code.empty()) {
         lines.push_back("動作環境定義 names no start-up member");
         return;
     }
-    const Row member = firstRow(mainPath, "SELECT * FROM M担当者 WHERE コード = '" + code + "'");
+    const Row member = firstRow(main, "SELECT * FROM M担当者 WHERE コード = '" + code + "'");
     if (!thereIs(member)) {
         lines.push_back("the start-up member " + code + " is not in M担当者");
-    } else if (!mayOpen(mainPath, localPath, member)) {
+    } else if (!mayOpen(main, local, member)) {
         lines.push_back("the start-up member " + code + " may not open the program");
     }
 }
 
-void checkMain(const std::string& path, const std::string& localPath, Lines& lines) {
-    if (!checkTables(path, "main", lines)) return;
-    for (const RequiredRow& row : mainRows) checkRequiredRow(path, row, lines);
-    checkClasses(path, lines);
-    checkGenerated(path, lines);
-    checkMember(path, localPath, lines);
+void checkMain(Connection& main, Connection& local, Lines& lines) {
+    checkTables(main, "main", lines);
+    for (const RequiredRow& row : mainRows) checkRequiredRow(main, row, lines);
+    checkClasses(main, lines);
+    checkGenerated(main, lines);
+    checkMember(main, local, lines);
 }
 
 // The file of the main database; empty where there is none to look into, with a line that says why.
@@ -190,11 +203,16 @@ std::string mainDatabase(const Row& definition, Lines& lines) {
 
 void checkDatabases(const std::string& root, Lines& lines) {
     const std::string localPath = databaseFile(root, "conf/usrcnfg");
-    if (localPath.empty() || !checkTables(localPath, "local", lines)) return;
-    for (const RequiredRow& row : localRows) checkRequiredRow(localPath, row, lines);
-    const Row definition = firstRow(localPath, selectRow(localRows[0]));
+    if (localPath.empty()) return;
+    auto local = openChecked(localPath, lines);
+    if (!local) return;
+    checkTables(*local, "local", lines);
+    for (const RequiredRow& row : localRows) checkRequiredRow(*local, row, lines);
+    const Row definition = firstRow(*local, selectRow(localRows[0]));
     if (!thereIs(definition)) return;
-    if (const std::string path = mainDatabase(definition, lines); !path.empty()) checkMain(path, localPath, lines);
+    const std::string mainPath = mainDatabase(definition, lines);
+    if (mainPath.empty()) return;
+    if (auto main = openChecked(mainPath, lines)) checkMain(*main, *local, lines);
 }
 
 } // namespace

@@ -63,6 +63,7 @@ Roster rosterFrom(const std::vector<std::string_view>& line, const Place& place)
                   ""};
     roster.addressees = static_cast<std::size_t>(text::leadingNumber(line[8]));
     if (!line[9].empty()) roster.dispatched = dayFrom(roster.day, text::leadingNumber(line[9]));
+    if (roster.dispatched > place.day) roster.dispatched.clear();
     roster.areaCode = areaCodes[text::leadingNumber(line[2]) - 1];
     return roster;
 }

@@ -8,15 +8,17 @@ namespace kestrel::setup {
 
 class Generator {
 public:
-    explicit Generator(std::uint64_t seed) : state(seed * 0x9E3779B97F4A7C15u + 0x2545F4914F6CDD1Du) {}
+    // Neighbouring seeds give unrelated choices: the seed is stirred before it becomes the state.
+    explicit Generator(std::uint64_t seed) : state(stirred(seed + 0x2545F4914F6CDD1Du)) {}
 
     std::size_t below(std::size_t count) { return next() % count; }
     bool oneIn(std::size_t count) { return below(count) == 0; }
     template <class List> const auto& from(const List& list) { return list[below(list.size())]; }
 
 private:
-    std::uint64_t next() {
-        std::uint64_t z = state += 0x9E3779B97F4A7C15u;
+    std::uint64_t next() { return stirred(state += 0x9E3779B97F4A7C15u); }
+
+    static std::uint64_t stirred(std::uint64_t z) {
         z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
         z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
         return z ^ (z >> 31);

@@ -1,5 +1,6 @@
 #include "setup/installation.hpp"
 
+#include "platform/database/files.hpp"
 #include "setup/demonstration.hpp"
 #include "setup/rows.hpp"
 #include "setup/store.hpp"
@@ -52,19 +53,26 @@ Rows rowsFor(What what, const Place& place) {
     return rows;
 }
 
-Status createFilled(const std::string& path, std::string_view database, const Rows& rows) {
+std::vector<std::string> statementsFor(std::string_view database, const Rows& rows) {
     std::vector<std::string> statements = createStatements(database);
     for (std::string& sql : insertStatements(database, rows)) statements.push_back(std::move(sql));
-    return createStore(path, statements);
+    return statements;
 }
 
+Status changeFile(const std::string& path, const std::vector<std::string>& statements) {
+    auto store = openStore(path);
+    return store ? runTogether(store.value(), statements) : Status(store.failure());
+}
+
+// All five begin as the same empty database; making one costs several waits for the disk, copying it none.
 Status createDatabases(const std::string& root, const Rows& rows) {
-    if (Status status = createFilled(root + "/" + mainFile, "main", rows); !status) return status;
-    if (Status status = createFilled(root + "/" + localFile, "local", rows); !status) return status;
-    for (const char* name : emptyFiles) {
-        if (Status status = createStore(root + "/" + name, {}); !status) return status;
+    const std::string empty = root + "/" + emptyFiles[0];
+    if (Status status = database::createDatabase(empty); !status) return status;
+    for (const char* name : {emptyFiles[1], emptyFiles[2], mainFile, localFile}) {
+        fs::copy_file(empty, root + "/" + name);
     }
-    return platform::done();
+    if (Status status = changeFile(root + "/" + mainFile, statementsFor("main", rows)); !status) return status;
+    return changeFile(root + "/" + localFile, statementsFor("local", rows));
 }
 
 Status refuseOpened(const fs::path& from) {
@@ -87,10 +95,10 @@ std::string redirect(const char* table, const char* column, const std::string& r
 
 Status redirectAll(const std::string& root) {
     const Status local =
-        changeStore(root + "/" + localFile, {redirect("データベース定義", "データソース名", root, mainFile),
-                                             redirect("データベース定義", "サーバー名", root, mainFile)});
+        changeFile(root + "/" + localFile, {redirect("データベース定義", "データソース名", root, mainFile),
+                                            redirect("データベース定義", "サーバー名", root, mainFile)});
     if (!local) return local;
-    return changeStore(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
+    return changeFile(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
 }
 
 } // namespace

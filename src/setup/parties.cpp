@@ -56,7 +56,8 @@ void settle(Party& party, Generator& chance, std::string_view areaCode) {
 // Ten digits in three groups. Multiplying by a number without common factors spreads the numbers and keeps them apart.
 std::string telephoneOf(std::size_t number, std::string_view areaCode) {
     const std::size_t exchange = 6 - areaCode.size() - 1; // its digits behind the leading 0
-    const std::string digits = padded(number * 7919 % (exchange == 3 ? 10'000'000 : 1'000'000), int(exchange) + 4);
+    const std::string digits =
+        padded((number + 40961) * 7919 % (exchange == 3 ? 10'000'000 : 1'000'000), int(exchange) + 4);
     return std::string(areaCode) + "-0" + digits.substr(0, exchange) + "-" + digits.substr(exchange);
 }
 

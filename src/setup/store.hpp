@@ -1,7 +1,7 @@
-// The few things that making and checking an installation asks of a database file.
+// The few things that making and checking an installation asks of a database.
 #pragma once
 
-#include "platform/result.hpp"
+#include "platform/database/connection.hpp"
 #include "setup/rows.hpp"
 
 #include <string>
@@ -10,17 +10,17 @@
 
 namespace kestrel::setup {
 
+using database::Connection;
 using platform::Result;
 using platform::Status;
 
-// Makes a new database file and runs the statements in it, in one transaction.
-Status createStore(const std::string& path, const std::vector<std::string>& statements);
-// Runs the statements in a file that is there, in one transaction, without waiting for the disk: for a file that can be
-// made again.
-Status changeStore(const std::string& path, const std::vector<std::string>& statements);
+// Opens the database file that is there.
+Result<Connection> openStore(const std::string& path);
+// Runs the statements in one transaction, without waiting for the disk: for what can be made again.
+Status runTogether(Connection& store, const std::vector<std::string>& statements);
 // All rows of one SELECT; column names are those of the result.
-Result<Rows> readStore(const std::string& path, std::string_view sql);
+Result<Rows> readRows(Connection& store, std::string_view sql);
 // The names of the columns of a table, or the engine's word on why there are none.
-Result<std::vector<std::string>> columnsInStore(const std::string& path, std::string_view table);
+Result<std::vector<std::string>> columnNames(Connection& store, std::string_view table);
 
 } // namespace kestrel::setup
