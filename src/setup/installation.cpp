@@ -1,0 +1,131 @@
+#include "setup/installation.hpp"
+
+#include "platform/database/files.hpp"
+#include "setup/demonstration.hpp"
+#include "setup/rows.hpp"
+#include "setup/store.hpp"
+#include "setup/tables.hpp"
+
+#include <filesystem>
+#include <fstream>
+
+namespace kestrel::setup {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* folders[] = {"prgbin", "data", "conf", "report", "manual", "users", "documents"};
+constexpr const char* emptyFiles[] = {"data/gnrdb.accdb", "report/repdb.accdb", "report/repfrmdb.accdb"};
+
+platform::Failure failure(const fs::filesystem_error& error) {
+    return {error.code().value(), error.path1().string() + ": " + error.code().message()};
+}
+
+std::string absoluteFolder(std::string_view folder) {
+    std::string path = fs::absolute(fs::path(folder)).lexically_normal().string();
+    while (path.size() > 1 && path.back() == '/') path.pop_back();
+    return path;
+}
+
+Status refuseFilled(const std::string& folder) {
+    if (fs::exists(folder) && !fs::is_directory(folder)) return platform::Failure{0, folder + " is no folder"};
+    if (fs::exists(folder) && !fs::is_empty(folder)) return platform::Failure{0, folder + " is not empty"};
+    return platform::done();
+}
+
+void makeTree(const std::string& root) {
+    for (const char* name : folders) fs::create_directories(fs::path(root) / name);
+}
+
+void placeProgram(const std::string& root, std::string_view program) {
+    const fs::path target = fs::path(root) / programFile;
+    if (program.empty()) {
+        std::ofstream(target) << "The program itself was not installed here.\n";
+    } else {
+        fs::copy_file(fs::path(program), target);
+    }
+}
+
+Rows rowsFor(What what, const Place& place) {
+    Rows rows = rowsOf("minimal", place);
+    if (what == What::full) addDemonstration(rows, place);
+    return rows;
+}
+
+std::vector<std::string> statementsFor(std::string_view database, const Rows& rows) {
+    std::vector<std::string> statements = createStatements(database);
+    for (std::string& sql : insertStatements(database, rows)) statements.push_back(std::move(sql));
+    return statements;
+}
+
+Status changeFile(const std::string& path, const std::vector<std::string>& statements) {
+    auto store = openStore(path);
+    return store ? runTogether(store.value(), statements) : Status(store.failure());
+}
+
+// All five begin as the same empty database; making one costs several waits for the disk, copying it none.
+Status createDatabases(const std::string& root, const Rows& rows) {
+    const std::string empty = root + "/" + emptyFiles[0];
+    if (Status status = database::createDatabase(empty); !status) return status;
+    for (const char* name : {emptyFiles[1], emptyFiles[2], mainFile, localFile}) {
+        fs::copy_file(empty, root + "/" + name);
+    }
+    if (Status status = changeFile(root + "/" + mainFile, statementsFor("main", rows)); !status) return status;
+    return changeFile(root + "/" + localFile, statementsFor("local", rows));
+}
+
+Status refuseOpened(const fs::path& from) {
+    for (const auto& entry : fs::recursive_directory_iterator(from)) {
+        const std::string name = entry.path().filename().string();
+        if (name.ends_with("-wal") && entry.file_size() > 0) {
+            return platform::Failure{0, entry.path().string() + ": the database is in use"};
+        }
+    }
+    return platform::done();
+}
+
+// A path that names the part of any installation comes to name that of this one.
+std::string redirect(const char* table, const char* column, const std::string& root, const std::string& part) {
+    std::string path;
+    for (const char c : root + "/" + part) path.append(c == '\'' ? 2 : 1, c);
+    return std::string("UPDATE ") + table + " SET " + column + " = '" + path + "' WHERE " + column + " LIKE '%/" +
+           part + "'";
+}
+
+Status redirectAll(const std::string& root) {
+    const Status local =
+        changeFile(root + "/" + localFile, {redirect("データベース定義", "データソース名", root, mainFile),
+                                            redirect("データベース定義", "サーバー名", root, mainFile)});
+    if (!local) return local;
+    return changeFile(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
+}
+
+} // namespace
+
+Status createInstallation(std::string_view folder, What what, std::string_view day, std::string_view program) {
+    try {
+        const std::string root = absoluteFolder(folder);
+        if (Status status = refuseFilled(root); !status) return status;
+        makeTree(root);
+        placeProgram(root, program);
+        return createDatabases(root, rowsFor(what, {root, std::string(day)}));
+    } catch (const fs::filesystem_error& error) {
+        return failure(error);
+    }
+}
+
+Status copyInstallation(std::string_view from, std::string_view to) {
+    try {
+        const std::string root = absoluteFolder(to);
+        if (Status status = refuseFilled(root); !status) return status;
+        if (Status status = refuseOpened(fs::path(from)); !status) return status;
+        fs::create_directories(root);
+        fs::copy(fs::path(from), root, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        return redirectAll(root);
+    } catch (const fs::filesystem_error& error) {
+        return failure(error);
+    }
+}
+
+} // namespace kestrel::setup

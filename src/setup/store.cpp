@@ -1,0 +1,60 @@
+#include "setup/store.hpp"
+
+namespace kestrel::setup {
+
+namespace {
+
+Row presentRow(const database::RecordSet& records) {
+    Row row;
+    for (int i = 0; i < records.columnCount(); ++i) {
+        std::string name = records.columnName(i);
+        Value value = records.textOrNull(name);
+        row.values.emplace_back(std::move(name), std::move(value));
+    }
+    return row;
+}
+
+Status runAll(Connection& store, const std::vector<std::string>& statements) {
+    for (const std::string& sql : statements) {
+        if (Status status = store.execute(sql); !status) return status;
+    }
+    return platform::done();
+}
+
+} // namespace
+
+Result<Connection> openStore(const std::string& path) {
+    return database::openConnection("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=\"" + path + "\";",
+                                    database::Role::beside);
+}
+
+Status runTogether(Connection& store, const std::vector<std::string>& statements) {
+    if (Status status = runAll(store, {"PRAGMA synchronous = OFF", "BEGIN"}); !status) return status;
+    if (Status status = runAll(store, statements); !status) {
+        (void)store.execute("ROLLBACK");
+        return status;
+    }
+    return store.execute("COMMIT");
+}
+
+Result<Rows> readRows(Connection& store, std::string_view sql) {
+    auto records = store.open(sql);
+    if (!records) return records.failure();
+    Rows rows;
+    try {
+        for (; !records.value().eof(); records.value().moveNext()) rows.push_back(presentRow(records.value()));
+    } catch (const database::DatabaseError& error) {
+        return platform::Failure{0, error.what()};
+    }
+    return rows;
+}
+
+Result<std::vector<std::string>> columnNames(Connection& store, std::string_view table) {
+    auto records = store.open("SELECT * FROM " + std::string(table) + " WHERE 1 = 0");
+    if (!records) return records.failure();
+    std::vector<std::string> names;
+    for (int i = 0; i < records.value().columnCount(); ++i) names.push_back(records.value().columnName(i));
+    return names;
+}
+
+} // namespace kestrel::setup

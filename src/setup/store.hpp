@@ -1,0 +1,26 @@
+// The few things that making and checking an installation asks of a database.
+#pragma once
+
+#include "platform/database/connection.hpp"
+#include "setup/rows.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrel::setup {
+
+using database::Connection;
+using platform::Result;
+using platform::Status;
+
+// Opens the database file that is there.
+Result<Connection> openStore(const std::string& path);
+// Runs the statements in one transaction, without waiting for the disk: for what can be made again.
+Status runTogether(Connection& store, const std::vector<std::string>& statements);
+// All rows of one SELECT; column names are those of the result.
+Result<Rows> readRows(Connection& store, std::string_view sql);
+// The names of the columns of a table, or the engine's word on why there are none.
+Result<std::vector<std::string>> columnNames(Connection& store, std::string_view table);
+
+} // namespace kestrel::setup
