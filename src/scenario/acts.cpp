@@ -27,8 +27,7 @@ void noted(bool done, const std::string& name) {
 
 Control& ofKind(const std::string& name, screen::Kind kind) {
     Control& control = controlNamed(name);
-    if (control.kind != kind)
-        throw ScenarioError(name + " is no " + std::string(screen::kindName(kind)));
+    if (control.kind != kind) throw ScenarioError(name + " is no " + std::string(screen::kindName(kind)));
     return control;
 }
 

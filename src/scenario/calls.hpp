@@ -7,8 +7,8 @@
 
 namespace kestrel::scenario {
 
-// The name and its arguments; the result as a text, several results with " | " between. An unknown name or a wrong number
-// of arguments raises ScenarioError.
+// The name and its arguments; the result as a text, several results with " | " between. An unknown name or a wrong
+// number of arguments raises ScenarioError.
 std::string resultOf(const Arguments& call);
 
 void callOperation(const Arguments& call); // writes the result

@@ -13,10 +13,11 @@ namespace kestrel::scenario {
 enum class Which { main, local, localMaster };
 
 std::string mainFileText(const std::string& root); // connection text of the main database of an installation
-std::string mainFile(); // the file behind it
-std::string localFile(); // the local database in use
+std::string mainFile();                            // the file behind it
+std::string localFile();                           // the local database in use
 
-// The database named by word ("main" or "local"), where sql may begin with "master " behind "local"; that word is cut off.
+// The database named by word ("main" or "local"), where sql may begin with "master " behind "local"; that word is cut
+// off.
 Which databaseNamed(std::string_view word, std::string& sql);
 
 void executeBeside(Which which, const std::string& sql); // a failure raises ScenarioError

@@ -1,9 +1,9 @@
 // Expectations about databases, session, registry, files, operations and the end of the process.
 #include "platform/files.hpp"
-#include "platform/registry.hpp"
 #include "scenario/calls.hpp"
 #include "scenario/databases.hpp"
 #include "scenario/names.hpp"
+#include "scenario/registry_values.hpp"
 #include "scenario/run.hpp"
 #include "scenario/scenario_error.hpp"
 #include "scenario/session_values.hpp"
@@ -71,13 +71,13 @@ Finding connection(const Arguments& arguments) {
     return {there == arguments[1], text::quoted(there)};
 }
 
-Finding registryValue(const Arguments& arguments) {
-    const auto there = platform::rememberedValue(arguments[0], arguments[1]);
+Finding registryHas(const Arguments& arguments) {
+    const auto there = registryValue(arguments[0], arguments[1]);
     return {there == arguments[2], there ? text::quoted(*there) : "no such value"};
 }
 
 Finding noRegistryKey(const Arguments& arguments) {
-    const bool there = platform::isKeyRemembered(arguments[0]);
+    const bool there = registryHasKey(arguments[0]);
     return {!there, there ? "the key" : "none"};
 }
 
@@ -111,7 +111,7 @@ constexpr std::array expectations{
     Expectation{"value", "wwq", value},
     Expectation{"session", "wt", session},
     Expectation{"connection", "wt", connection},
-    Expectation{"registry", "wwt", registryValue},
+    Expectation{"registry", "wwt", registryHas},
     Expectation{"no registry", "w", noRegistryKey},
     Expectation{"file", "w", file},
     Expectation{"no file", "w", noFile},

@@ -13,8 +13,8 @@ namespace kestrel::scenario {
 namespace {
 
 void setColumn(const std::string& column, const std::string& value) {
-    executeBeside(Which::localMaster, "UPDATE データベース定義 SET " + column + " = '" + quoteSqlText(value) +
-                                          "' WHERE 情報種類 = 'GNR'");
+    executeBeside(Which::localMaster,
+                  "UPDATE データベース定義 SET " + column + " = '" + quoteSqlText(value) + "' WHERE 情報種類 = 'GNR'");
 }
 
 struct Part {
@@ -23,9 +23,9 @@ struct Part {
 };
 
 // The server's name stands where kind "S" looks for it and the file's where the others do.
-constexpr std::array parts{Part{"Provider", "プロバイダ名"},      Part{"User ID", "ユーザーID"},
-                           Part{"Password", "パスワード"},        Part{"Data Source", "データソース名"},
-                           Part{"Data Source", "サーバー名"},     Part{"Initial Catalog", "データベース名"}};
+constexpr std::array parts{Part{"Provider", "プロバイダ名"},  Part{"User ID", "ユーザーID"},
+                           Part{"Password", "パスワード"},    Part{"Data Source", "データソース名"},
+                           Part{"Data Source", "サーバー名"}, Part{"Initial Catalog", "データベース名"}};
 
 // Kind, provider, user, password, file, server, catalog; nulls as empty texts.
 std::vector<std::string> readRow() {

@@ -141,8 +141,8 @@ bool cutName(std::string_view& rest, std::string_view words) {
     while (!words.empty()) {
         const std::string_view word = words.substr(0, words.find(' '));
         words.remove_prefix(std::min(word.size() + 1, words.size()));
-        const bool stands = left.starts_with(word) &&
-                            (left.size() == word.size() || outerBlanks.find(left[word.size()]) != std::string_view::npos);
+        const bool stands = left.starts_with(word) && (left.size() == word.size() ||
+                                                       outerBlanks.find(left[word.size()]) != std::string_view::npos);
         if (!stands) return false;
         left = withoutOuterBlanks(left.substr(word.size()));
     }

@@ -30,8 +30,8 @@ std::string restText(std::string_view rest);
 // SQL stands as it is, but for places and {pin TEXT}.
 std::string restSql(std::string_view rest, const Places& places);
 
-// Cuts words off the front of rest when they stand there, one or more blanks between them ("file make"); false, and rest
-// untouched, otherwise.
+// Cuts words off the front of rest when they stand there, one or more blanks between them ("file make"); false, and
+// rest untouched, otherwise.
 bool cutName(std::string_view& rest, std::string_view words);
 
 // Splits what stands behind a verb by the verb's shape, one letter an argument:

@@ -70,7 +70,8 @@ Subject subjectNamed(std::string_view name) {
     subject.property = name.substr(dot + 1);
     subject.control = findNamed(name.substr(0, dot));
     if (!subject.control) subject.window = windowIfShown(name.substr(0, dot));
-    if (!subject.control && !subject.window) throw ScenarioError("no control or window " + inQuotes(name.substr(0, dot)));
+    if (!subject.control && !subject.window)
+        throw ScenarioError("no control or window " + inQuotes(name.substr(0, dot)));
     return subject;
 }
 
@@ -107,14 +108,34 @@ screen::Key keyNamed(std::string_view name) {
         std::string_view name;
         screen::Key key;
     };
-    constexpr std::array keys{
-        Row{"Tab", Tab},       Row{"Shift+Tab", BackTab}, Row{"Enter", Enter},   Row{"Esc", Esc},
-        Row{"Ctrl", Ctrl},     Row{"Space", Space},       Row{"Up", Up},         Row{"Down", Down},
-        Row{"Left", Left},     Row{"Right", Right},       Row{"Home", Home},     Row{"End", End},
-        Row{"PageUp", PageUp}, Row{"PageDown", PageDown}, Row{"Backspace", Backspace}, Row{"Delete", Delete},
-        Row{"F1", F1},         Row{"F2", F2},             Row{"F3", F3},         Row{"F4", F4},
-        Row{"F5", F5},         Row{"F6", F6},             Row{"F7", F7},         Row{"F8", F8},
-        Row{"F9", F9},         Row{"F10", F10},           Row{"F11", F11},       Row{"F12", F12}};
+    constexpr std::array keys{Row{"Tab", Tab},
+                              Row{"Shift+Tab", BackTab},
+                              Row{"Enter", Enter},
+                              Row{"Esc", Esc},
+                              Row{"Ctrl", Ctrl},
+                              Row{"Space", Space},
+                              Row{"Up", Up},
+                              Row{"Down", Down},
+                              Row{"Left", Left},
+                              Row{"Right", Right},
+                              Row{"Home", Home},
+                              Row{"End", End},
+                              Row{"PageUp", PageUp},
+                              Row{"PageDown", PageDown},
+                              Row{"Backspace", Backspace},
+                              Row{"Delete", Delete},
+                              Row{"F1", F1},
+                              Row{"F2", F2},
+                              Row{"F3", F3},
+                              Row{"F4", F4},
+                              Row{"F5", F5},
+                              Row{"F6", F6},
+                              Row{"F7", F7},
+                              Row{"F8", F8},
+                              Row{"F9", F9},
+                              Row{"F10", F10},
+                              Row{"F11", F11},
+                              Row{"F12", F12}};
     const auto found = std::find_if(keys.begin(), keys.end(), [name](const Row& row) { return row.name == name; });
     if (found == keys.end()) throw ScenarioError("no key " + inQuotes(name));
     return found->key;

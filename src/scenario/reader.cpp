@@ -158,7 +158,8 @@ void playScenario(std::string_view text) {
     journal::start();
     beginWriting();
     screen::setActSource(playNext);
-    while (playNext()) {}
+    while (playNext()) {
+    }
     screen::setActSource(nullptr);
     settle();
     journal::stop();

@@ -1,5 +1,5 @@
-// Playing a scenario, line by line. The reader is re-entrant: an act that makes the program wait for a person again (a box,
-// a dialog, a modal window) holds its own line open while that wait plays the lines that follow.
+// Playing a scenario, line by line. The reader is re-entrant: an act that makes the program wait for a person again (a
+// box, a dialog, a modal window) holds its own line open while that wait plays the lines that follow.
 #pragma once
 
 #include "scenario/run.hpp"

@@ -21,9 +21,9 @@ static void writeEntry(const journal::Entry& entry) {
         std::string_view prefix;
         bool always;
     };
-    constexpr std::array rows{Row{journal::Channel::seen, "", true}, Row{journal::Channel::sentMain, "sql main ", false},
-                              Row{journal::Channel::sentLocal, "sql local ", false},
-                              Row{journal::Channel::engine, "engine ", false}};
+    constexpr std::array rows{
+        Row{journal::Channel::seen, "", true}, Row{journal::Channel::sentMain, "sql main ", false},
+        Row{journal::Channel::sentLocal, "sql local ", false}, Row{journal::Channel::engine, "engine ", false}};
     for (const Row& row : rows)
         if (row.channel == entry.channel && (row.always || tracing)) std::cout << row.prefix << entry.text << '\n';
 }

@@ -7,9 +7,9 @@
 
 namespace kestrel::scenario {
 
-void traceStatements(bool on);   // also write each statement as the program sends it
-void writeSeen();                // writes what the journal holds and was not written yet
-void beginWriting();             // the journal starts afresh
+void traceStatements(bool on); // also write each statement as the program sends it
+void writeSeen();              // writes what the journal holds and was not written yet
+void beginWriting();           // the journal starts afresh
 void writeLine(std::string_view line);
 
 // With the place in the file in front.

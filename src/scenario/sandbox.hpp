@@ -10,8 +10,8 @@
 
 namespace kestrel::scenario {
 
-// A folder for the whole process, removed at its end: templates of the samples, made when first asked for, and the places
-// of one scenario after the other.
+// A folder for the whole process, removed at its end: templates of the samples, made when first asked for, and the
+// places of one scenario after the other.
 class Sandbox {
 public:
     Sandbox();
@@ -19,8 +19,8 @@ public:
     Sandbox(const Sandbox&) = delete;
     Sandbox& operator=(const Sandbox&) = delete;
 
-    // A fresh scratch folder, and a fresh copy of the sample ("minimal" or "full"); or, with a root given, that one as it
-    // stands. Raises ScenarioError when a sample can't be made.
+    // A fresh scratch folder, and a fresh copy of the sample ("minimal" or "full"); or, with a root given, that one as
+    // it stands. Raises ScenarioError when a sample can't be made.
     Places fresh(const std::string& sample, const std::string& root);
     void remove(const Places& places); // whatever of the places belongs to the sandbox
 

@@ -1,4 +1,5 @@
 // The world around the program: clock, identity, programs and desktop, trouble with the databases.
+#include "scenario/world.hpp"
 #include "platform/clock.hpp"
 #include "platform/database/faults.hpp"
 #include "platform/database/files.hpp"
@@ -9,10 +10,10 @@
 #include "platform/shell.hpp"
 #include "scenario/databases.hpp"
 #include "scenario/names.hpp"
+#include "scenario/registry_values.hpp"
 #include "scenario/run.hpp"
 #include "scenario/scenario_error.hpp"
 #include "scenario/tables.hpp"
-#include "scenario/world.hpp"
 #include "session/sessionValues.hpp"
 #include "text/characters.hpp"
 #include "text/numbers.hpp"
@@ -88,6 +89,7 @@ std::span<const Verb> worldVerbs() {
 
 void resetWorld() {
     holds.clear();
+    emptyRegistry();
     for (const std::string& name : environmentNames) platform::setEnvironment(name, "");
     environmentNames.clear();
     database::mendAll();

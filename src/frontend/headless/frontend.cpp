@@ -37,7 +37,8 @@ bool somethingHappens() {
 
 void waitForAnswer(OpenWait& wait) {
     const Standing standing(wait);
-    while (!wait.answered && somethingHappens()) {}
+    while (!wait.answered && somethingHappens()) {
+    }
 }
 
 std::optional<std::string> waitForPath() {
@@ -58,11 +59,13 @@ void repaint() {}
 void beep() {}
 
 void waitWhileShown(screen::Window& window) {
-    while (window.shown && headless::somethingHappens()) {}
+    while (window.shown && headless::somethingHappens()) {
+    }
 }
 
 void waitUntilEnded() {
-    while (headless::somethingHappens()) {}
+    while (headless::somethingHappens()) {
+    }
 }
 
 int messageBox(const screen::MessageBox& box) {

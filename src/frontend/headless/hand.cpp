@@ -132,7 +132,8 @@ void hold(screen::Key which) {
     constexpr int repeats = 3;
     headless::holdKey(which, repeats);
     key(which);
-    while (headless::repeatHeldKey()) {}
+    while (headless::repeatHeldKey()) {
+    }
 }
 
 void typeOver(std::string_view text) {
