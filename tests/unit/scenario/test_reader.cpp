@@ -87,8 +87,9 @@ TEST(Reader, ChoosesPagesAndKeys) {
 }
 
 TEST(Reader, AHeldKeyRepeatsIntoTheWindowThatItOpened) {
-    holds("start\nclick list\nhold Down\nexpect rows.selected C002\nclick ok\nclick 名称\npress Shift+Tab\n"
-          "click hidden\nclick list\nclick ok\nexpect focus list\nhold Enter\nexpect window wnd\nclick ok\n"
+    holds("start\nclick list\nhold Down\nexpect rows.selected C002\ndoublerow rows #0\nexpect focus list\n"
+          "hold Enter\nexpect window wnd\nclick ok\nexpect window frm\n");
+    holds("start\nclick list\nclick ok\nhold Enter\nexpect seen window wnd \"一覧\"\nexpect then seen closed wnd\n"
           "expect window frm\n");
 }
 
