@@ -2,7 +2,7 @@
 
 #include "screen/ending.hpp"
 
-#include <algorithm>
+#include <utility>
 
 namespace kestrel::screen {
 
@@ -12,11 +12,16 @@ bool canTakeFocus(const Control& control) {
            !window.blocked;
 }
 
+// The control whose leaving step is running: a move that the step itself makes does not run it once more.
+static Control* leaving = nullptr;
+
 // False when the leaving step itself sent the focus elsewhere.
 static bool leave(Window& window) {
-    Control* old = window.focus;
-    if (!old) return true;
+    Control* const old = window.focus;
+    if (!old || old == leaving) return true;
+    Control* const outer = std::exchange(leaving, old);
     raise({*old, Event::lostFocus});
+    leaving = outer;
     return window.focus == old;
 }
 

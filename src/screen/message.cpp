@@ -29,23 +29,23 @@ public:
     Wait& operator=(const Wait&) = delete;
 };
 
-std::string seenLine(const MessageBox& box) {
-    std::string line = "message " + text::quoted(box.text);
-    for (std::size_t i = 0; i < box.buttons.size(); ++i) {
-        const bool marked = box.buttons.size() > 1 && static_cast<int>(i) == box.defaultButton;
-        line += std::string(marked ? " [*" : " [") + box.buttons[i] + "]";
-    }
-    return line;
-}
-
 int ask(const MessageBox& box) {
     if (ended()) return box.cancelButton;
-    const Wait wait({Waiting::Kind::box, box, {}, {}}, seenLine(box));
+    const Wait wait({Waiting::Kind::box, box, {}, {}}, "message " + text::quoted(box.text) + " " + buttonsText(box));
     const int answer = frontend::messageBox(box);
     return ended() ? box.cancelButton : answer;
 }
 
 } // namespace
+
+std::string buttonsText(const MessageBox& box) {
+    std::string line;
+    for (std::size_t i = 0; i < box.buttons.size(); ++i) {
+        const bool marked = box.buttons.size() > 1 && static_cast<int>(i) == box.defaultButton;
+        line += std::string(i ? " " : "") + (marked ? "[*" : "[") + box.buttons[i] + "]";
+    }
+    return line;
+}
 
 void setMessageTitle(std::string title) {
     boxTitle = std::move(title);

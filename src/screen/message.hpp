@@ -15,6 +15,7 @@ struct MessageBox {
     int defaultButton = 0;
     int cancelButton = 0; // what closing the box and Esc mean
 };
+std::string buttonsText(const MessageBox& box); // "[*はい] [いいえ]": the default one of several is marked
 
 void message(std::string_view text);                            // [OK]
 bool question(std::string_view text, bool defaultIsYes = true); // [はい] [いいえ]; true for はい; closing is いいえ

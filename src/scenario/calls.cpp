@@ -1,0 +1,80 @@
+#include "scenario/calls.hpp"
+
+#include "company/pinCodec.hpp"
+#include "data/modFiles.hpp"
+#include "platform/identity.hpp"
+#include "scenario/names.hpp"
+#include "scenario/properties.hpp"
+#include "scenario/report.hpp"
+#include "scenario/scenario_error.hpp"
+#include "session/rosterSession.hpp"
+#include "values/modTabStop.hpp"
+#include "values/modValues.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace kestrel::scenario {
+
+namespace {
+
+struct Operation {
+    std::string_view name;
+    std::size_t arguments;
+    std::string (*call)(const Arguments&); // gets the arguments alone
+};
+
+std::string normalizedDate(const Arguments& parts) {
+    std::string year = parts[0], month = parts[1], day = parts[2];
+    normalizeDateParts(year, month, day);
+    return year + " | " + month + " | " + day;
+}
+
+std::string stopFrom(const Arguments& arguments) {
+    rosterSession.lookupNextControl = &controlNamed(arguments[0]);
+    nextTabStop();
+    return rosterSession.lookupNextControl->name;
+}
+
+std::string madeFolders(const Arguments& arguments) {
+    makeFolderPath(arguments[0]);
+    return "";
+}
+
+constexpr std::array operations{
+    Operation{"truncateToBytes", 2, [](const Arguments& a) { return truncateToBytes(a[0], wholeArgument(a[1])); }},
+    Operation{"quoteSqlText", 1, [](const Arguments& a) { return quoteSqlText(a[0]); }},
+    Operation{"formatToMask", 2, [](const Arguments& a) { return formatToMask(a[0], a[1]); }},
+    Operation{"zeroString", 1, [](const Arguments& a) { return zeroString(wholeArgument(a[0])); }},
+    Operation{"nineString", 1, [](const Arguments& a) { return nineString(wholeArgument(a[0])); }},
+    Operation{"nextCode", 1, [](const Arguments& a) { return nextCode(a[0]); }},
+    Operation{"digitsOnly", 1, [](const Arguments& a) { return digitsOnly(a[0]); }},
+    Operation{"stripPercent", 1, [](const Arguments& a) { return stripPercent(a[0]); }},
+    Operation{"normalizeTelephone", 1, [](const Arguments& a) { return normalizeTelephone(a[0]); }},
+    Operation{"normalizeDateParts", 3, normalizedDate},
+    Operation{"nextTabStop", 1, stopFrom},
+    Operation{"makeFolderPath", 1, madeFolders},
+    Operation{"copyFile", 2, [](const Arguments& a) { return yesNo(copyFile(a[0], a[1])); }},
+    Operation{"windowsVersionClass", 0,
+              [](const Arguments&) { return std::to_string(platform::windowsVersionClass()); }},
+    Operation{"encode", 1, [](const Arguments& a) { return encode(a[0]); }},
+    Operation{"decode", 1, [](const Arguments& a) { return decode(a[0]); }},
+};
+
+} // namespace
+
+std::string resultOf(const Arguments& call) {
+    const std::string& name = call.at(0);
+    const auto found = std::find_if(operations.begin(), operations.end(),
+                                    [&](const Operation& operation) { return operation.name == name; });
+    if (found == operations.end()) throw ScenarioError("no operation " + name);
+    if (call.size() - 1 != found->arguments)
+        throw ScenarioError(name + " takes " + std::to_string(found->arguments) + " arguments");
+    return found->call({call.begin() + 1, call.end()});
+}
+
+void callOperation(const Arguments& call) {
+    writeLine(resultOf(call));
+}
+
+} // namespace kestrel::scenario

@@ -1,0 +1,76 @@
+#include "scenario/sandbox.hpp"
+
+#include "scenario/scenario_error.hpp"
+#include "setup/installation.hpp"
+
+#include <random>
+
+namespace kestrel::scenario {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view sampleDay = "20240515"; // the dates of the demonstration data count from it
+
+fs::path newFolder() {
+    std::random_device random;
+    for (;;) {
+        const fs::path folder = fs::temp_directory_path() / ("kestrel-operator-" + std::to_string(random()));
+        if (fs::create_directory(folder)) return folder;
+    }
+}
+
+void check(const platform::Status& status) {
+    if (!status) throw ScenarioError("the sample can't be made: " + status.failure().description);
+}
+
+// Folders that a scenario left without write permission would keep their content.
+void removeAll(const fs::path& folder) {
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+}
+
+} // namespace
+
+Sandbox::Sandbox() : folder(newFolder()) {}
+
+Sandbox::~Sandbox() {
+    removeAll(folder);
+}
+
+const fs::path& Sandbox::sampleTemplate(const std::string& sample) {
+    const auto known = templates.find(sample);
+    if (known != templates.end()) return known->second;
+    if (sample != "minimal" && sample != "full") throw ScenarioError("there is no sample " + sample);
+    const fs::path made = folder / sample;
+    const auto what = sample == "minimal" ? setup::What::minimal : setup::What::full;
+    check(setup::createInstallation(made.string(), what, sampleDay));
+    return templates.emplace(sample, made).first->second;
+}
+
+Places Sandbox::fresh(const std::string& sample, const std::string& root) {
+    const fs::path place = folder / std::to_string(++count);
+    const Places places{root.empty() ? (place / "root").string() : fs::absolute(root).lexically_normal().string(),
+                        (place / "scratch").string()};
+    fs::create_directories(places.scratch);
+    if (root.empty()) check(setup::copyInstallation(sampleTemplate(sample).string(), places.root));
+    return places;
+}
+
+void Sandbox::remove(const Places& places) {
+    removeAll(fs::path(places.scratch).parent_path());
+}
+
+std::string sampleOf(std::string_view scenario) {
+    while (!scenario.empty()) {
+        const std::size_t end = std::min(scenario.find('\n'), scenario.size());
+        std::string_view line = scenario.substr(0, end);
+        scenario.remove_prefix(std::min(end + 1, scenario.size()));
+        if (trimmed(line).empty() || line.front() == '#') continue;
+        return cutName(line, "sample") ? cutWord(line).value_or("") : "full";
+    }
+    return "full";
+}
+
+} // namespace kestrel::scenario
