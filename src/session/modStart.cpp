@@ -28,7 +28,6 @@ void beginRun(const std::string& commandLine) {
     installation.programId = programId;
     installation.commandLine = commandLine;
     screen::setMessageTitle(programId);
-    screen::setErrorTitle(programId);
 }
 
 void readScreenSize() {
