@@ -66,6 +66,13 @@ protected:
 
     std::string path(const std::string& below) const { return root + "/" + below; }
     void local(const std::string& sql) { EXPECT_TRUE(setup::changeStore(path(setup::localFile), {sql})) << sql; }
+    // The definition of the main database with a null where the table itself allows none.
+    void clearDefinition(const std::string& column) {
+        local("CREATE TABLE 控え AS SELECT * FROM データベース定義");
+        local("UPDATE 控え SET " + column + " = NULL");
+        local("DROP TABLE データベース定義");
+        local("ALTER TABLE 控え RENAME TO データベース定義");
+    }
     void main(const std::string& sql) { EXPECT_TRUE(setup::changeStore(path(setup::mainFile), {sql})) << sql; }
 
     // The rows of a SELECT, their columns joined with " | ", null as NULL.

@@ -181,7 +181,7 @@ TEST_F(Place, TheDefinitionIsTrimmedButForItsKind) {
 }
 
 TEST_F(Place, ANullKindRaisesAndIsNeitherShownNorWrittenDown) {
-    local("UPDATE データベース定義 SET db = NULL");
+    clearDefinition("db");
     EXPECT_THROW(openSystemDatabases(), database::DatabaseError);
     EXPECT_FALSE(connections.localOpen);
     EXPECT_EQ(boxes, Lines{});
@@ -189,7 +189,7 @@ TEST_F(Place, ANullKindRaisesAndIsNeitherShownNorWrittenDown) {
 }
 
 TEST_F(Place, ANullMiddlewareNameRaisesToo) {
-    local("UPDATE データベース定義 SET dbmw = NULL");
+    clearDefinition("dbmw");
     EXPECT_THROW(openSystemDatabases(), database::DatabaseError);
 }
 

@@ -84,11 +84,11 @@ TEST_F(Gateway, AFailedSlotIsEmptyAndClosesHarmlessly) {
 }
 
 TEST_F(Gateway, LoggedWritesLeaveTheirTextTwiceQuoted) {
-    EXPECT_TRUE(executeSql("UPDATE M部門 SET 略称 = 'a''b'  ", true));
+    EXPECT_TRUE(executeSql("UPDATE M部門 SET 名称 = 'a''b'  ", true));
     EXPECT_TRUE(executeLocalSqlLogged("UPDATE 動作環境定義 SET バックアップ方法 = '1'"));
-    EXPECT_TRUE(executeSql("UPDATE M部門 SET 略称 = 'c'", false));
+    EXPECT_TRUE(executeSql("UPDATE M部門 SET 名称 = 'c'", false));
     EXPECT_TRUE(executeLocalSql("UPDATE 動作環境定義 SET バックアップ方法 = '2'"));
-    EXPECT_EQ(history(), (Lines{"出力終了 UPDATE M部門 SET 略称 = ''a''''b''",
+    EXPECT_EQ(history(), (Lines{"出力終了 UPDATE M部門 SET 名称 = ''a''''b''",
                                 "出力終了 UPDATE 動作環境定義 SET バックアップ方法 = ''1''"}));
 }
 

@@ -40,7 +40,8 @@ TEST_F(History, StartReadFailureAndEndAreFourLines) {
 }
 
 TEST_F(History, TheStatementOfALineHasNoBlankBeforeItsValues) {
-    open();
+    ASSERT_TRUE(openSystemDatabases());
+    writeRunStart();
     const auto texts = sent(journal::Channel::sentLocal);
     EXPECT_EQ(texts.back(), "INSERT INTO プログラム稼動履歴 (実行日付,プログラムID,proccounter,摘要,運用事業所コード,"
                             "起動担当者コード,ユーザID)VALUES ('20240515 093000', '連絡台帳入力', '000000000001', "

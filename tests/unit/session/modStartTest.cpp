@@ -122,7 +122,7 @@ TEST_F(Start, ClosingIsHarmlessWhenNothingWasOpened) {
 }
 
 TEST_F(Start, ARaiseWhileOpeningIsAFalseResult) {
-    local("UPDATE データベース定義 SET db = NULL");
+    clearDefinition("db");
     EXPECT_FALSE(openProgram());
     EXPECT_EQ(boxes, Lines{});
 }
