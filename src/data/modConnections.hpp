@@ -1,8 +1,6 @@
 // Finding the installation's folders and databases, and opening the two long-lived connections.
 #pragma once
 
-#include <string>
-
 namespace kestrel {
 
 // Folders from the place of the executable, file kinds by which file exists, the definition tables, the local

@@ -21,6 +21,11 @@ int messageBox(const screen::MessageBox& box); // index of the button pressed
 std::optional<std::string> fileDialog(const screen::FileDialog& dialog);
 std::optional<std::string> folderDialog(const screen::FolderDialog& dialog);
 
+struct ScreenSize {
+    int width = 0, height = 0; // pixels
+};
+std::optional<ScreenSize> screenSize(); // of the whole screen; nothing where there is none
+
 void repaint(); // what the model says is on the screen before this returns
 void beep();
 

@@ -27,6 +27,7 @@ struct InstallationValues {
     int installType = 0;         // インストール区分
     int clientUpdateMode = 0;    // CL更新実行区分
     std::string sessionOffice;   // office of the records on the screen
+    int screenWidthPixels = 0, screenHeightPixels = 0; // 0: not known
     int runCounter = 0;          // lines of this run in the run history
 
     // Settings of the suite's backup; read here, acted on elsewhere.
