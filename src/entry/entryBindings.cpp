@@ -1,6 +1,7 @@
 #include "entry/entryBindings.hpp"
 
 #include "entry/entrySteps.hpp"
+#include "entry/modSaving.hpp"
 #include "session/rosterSession.hpp"
 
 namespace kestrel {

@@ -2,6 +2,7 @@
 
 #include "entry/entryForm.hpp"
 #include "entry/frm連絡台帳入力.hpp"
+#include "entry/modSaving.hpp"
 #include "session/rosterSession.hpp"
 
 #include <algorithm>

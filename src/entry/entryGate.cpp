@@ -2,6 +2,7 @@
 #include "entry/entryForm.hpp"
 #include "entry/entrySteps.hpp"
 #include "entry/frm連絡台帳入力.hpp"
+#include "entry/modSaving.hpp"
 #include "screen/focus.hpp"
 #include "session/rosterSession.hpp"
 #include "values/modTabStop.hpp"

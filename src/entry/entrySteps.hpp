@@ -19,10 +19,8 @@ void returnFocus(screen::Control& panel);
 void passHeadEnd(screen::Control& guard);
 void passTailEnd(screen::Control& guard);
 
-// Commands
-void pressSave(screen::Control& button);
+// Commands that write nothing
 void pressClear(screen::Control& button);
-void pressDelete(screen::Control& button);
 void pressExit(screen::Control& button);
 
 } // namespace kestrel

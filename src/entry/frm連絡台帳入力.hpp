@@ -20,6 +20,7 @@ void showEntry();     // writes every value of rosterSession into its field
 void refreshScreen(); // the same, and all that belongs to the record beside its fields
 void showNotice(std::string_view text);
 void clearNotice();
+void clearScreen(); // ready for the next addressee: a new entry, shown, with an empty notice
 
 // Gives the focus to the control, or to the next stop in tab order when it can't take it.
 void moveFocus(screen::Control& control);
@@ -36,9 +37,6 @@ int focusGate(std::string_view field, int order);
 void focusRequiredField(int number); // 1 to 6: the five, and 宛先名称A
 void focusNamedField(std::string_view field);
 void updateButtons();
-
-void saveEntry(); // the whole sequence behind btn_登録
-int referenceCount();
 
 // A number as it was typed and brought to its width: -1 found, 0 not found, 1 no change.
 int changeRosterNo(std::string_view rosterNo);
