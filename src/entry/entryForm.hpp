@@ -39,7 +39,7 @@ private:
     }
     // A button outside the visible area that only catches the focus on its way through the tab order.
     Control& guard(std::string_view name, int tabIndex) {
-        Control& control = add({name, SSCommand, "", {-1500, 600 + tabIndex * 15, 195, 195}, tabIndex});
+        Control& control = add({name, SSCommand, "", {-1500, 600 + tabIndex * 210, 195, 195}, tabIndex});
         control.guard = true;
         return control;
     }
