@@ -1,0 +1,26 @@
+// The steps that answer the entry screen's events; the table in entryBindings.cpp says which answers what. None of them
+// runs while showEntry is writing the fields.
+#pragma once
+
+#include "screen/control.hpp"
+
+namespace kestrel {
+
+// Fields
+void enterField(screen::Control& field);
+void leaveField(screen::Control& field);
+void checkLength(screen::Control& field);
+void changeClass(screen::Control& number); // the number beside a list
+void pickClass(screen::Control& list);     // and its list
+
+// Captions, panels, guards
+void pressCaption(screen::Control& panel);
+void returnFocus(screen::Control& panel);
+void passHeadEnd(screen::Control& guard);
+void passTailEnd(screen::Control& guard);
+
+// Commands that write nothing
+void pressClear(screen::Control& button);
+void pressExit(screen::Control& button);
+
+} // namespace kestrel
