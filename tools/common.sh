@@ -9,7 +9,7 @@ jobs=$(nproc)
 
 say() { printf '%s\n' "$*"; }
 fail() {
-    printf '%s\n' "$*" >&2
+    say "$*" >&2
     exit 1
 }
 
@@ -18,7 +18,7 @@ as_root() {
     if [ "$(id -u)" = 0 ]; then
         "$@"
     elif ! command -v sudo >/dev/null; then
-        fail "Needs root, and there is no sudo: $*"
+        fail "This needs root, and there is no sudo: $*"
     elif [ -t 0 ]; then
         sudo "$@"
     else
@@ -26,13 +26,26 @@ as_root() {
     fi
 }
 
-# preset [cmake variables]: writes the build files; quick when they are there already.
-configure() {
-    cmake --preset "$@" >"build/configure-$1.log" 2>&1 || { cat "build/configure-$1.log" >&2; return 1; }
+# title command...: a line while the command works; what it wrote only when it fails.
+quietly() {
+    local title=$1 began=$SECONDS log
+    shift
+    mkdir -p build
+    log=$(mktemp build/step.XXXXXX)
+    printf '%s... ' "$title"
+    if ! "$@" >"$log" 2>&1; then
+        say failed
+        cat "$log" >&2
+        rm -f "$log"
+        fail "$title: failed"
+    fi
+    rm -f "$log"
+    say "$((SECONDS - began)) s"
 }
 
-# preset target...: builds, saying nothing but what went wrong.
-build() {
+configure() { cmake --preset "$1"; }
+
+build() { # preset target...
     local preset=$1
     shift
     cmake --build --preset "$preset" -j "$jobs" --target "$@"
