@@ -13,12 +13,12 @@ fail() {
     exit 1
 }
 
+can_be_root() { [ "$(id -u)" = 0 ] || command -v sudo >/dev/null; }
+
 # Runs a command as root: directly, or through sudo, which may ask for a password only where a person can answer.
 as_root() {
     if [ "$(id -u)" = 0 ]; then
         "$@"
-    elif ! command -v sudo >/dev/null; then
-        fail "This needs root, and there is no sudo: $*"
     elif [ -t 0 ]; then
         sudo "$@"
     else
