@@ -1,0 +1,49 @@
+#include "frontend/qt/application.hpp"
+
+#include "frontend/qt/look.hpp"
+#include "frontend/qt/views.hpp"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace kestrel::frontend {
+
+// Only while the display is being opened: the toolkit's own pages of advice about plug-ins help nobody at a desk, and
+// its abort would leave a core dump.
+static void reportNoDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+    if (type != QtFatalMsg) return;
+    const char* display = std::getenv("DISPLAY");
+    std::fprintf(stderr, "no display can be opened (DISPLAY is %s)\n", display && *display ? display : "not set");
+    std::_Exit(1);
+}
+
+// The words of the toolkit's own dialogs.
+static void speakJapanese() {
+    auto* words = new QTranslator(QCoreApplication::instance());
+    if (words->load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(words);
+}
+
+Application::Application(std::string program) : program_(std::move(program)), arguments_{program_.data(), nullptr} {
+    const QtMessageHandler usual = qInstallMessageHandler(reportNoDisplay);
+    application_ = std::make_unique<QApplication>(count_, arguments_);
+    qInstallMessageHandler(usual);
+    QApplication::setQuitOnLastWindowClosed(false); // only the exit decision ends the program
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
+    speakJapanese();
+    dressApplication();
+}
+
+Application::~Application() {
+    dropAll();
+}
+
+void drawOffScreen() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+} // namespace kestrel::frontend

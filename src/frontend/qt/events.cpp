@@ -1,0 +1,108 @@
+#include "frontend/qt/events.hpp"
+
+#include "frontend/qt/keys.hpp"
+#include "frontend/qt/text.hpp"
+#include "text/characters.hpp"
+
+#include <QCoreApplication>
+#include <QInputMethodEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QWindow>
+
+namespace kestrel::frontend {
+
+namespace {
+
+// A window can be gone after any event.
+using Target = QPointer<QWindow>;
+
+void sendMouse(const Target& window, QEvent::Type type, QPoint point) {
+    if (!window) return;
+    const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, point, window->mapToGlobal(point), Qt::LeftButton, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &event);
+}
+
+void sendKey(const Target& window, QEvent::Type type, const KeyStroke& stroke, bool repeat = false) {
+    if (!window) return;
+    QKeyEvent event(type, stroke.key, stroke.modifiers, stroke.text, repeat);
+    QCoreApplication::sendEvent(window, &event);
+}
+
+void typeAscii(const Target& window, char character) {
+    const bool newLine = character == '\n';
+    const char text[] = {newLine ? '\r' : character, '\0'};
+    const int upper = QChar(static_cast<uchar>(character)).toUpper().unicode();
+    const KeyStroke stroke{newLine ? static_cast<int>(Qt::Key_Return) : upper, Qt::NoModifier, text};
+    sendKey(window, QEvent::KeyPress, stroke);
+    sendKey(window, QEvent::KeyRelease, stroke);
+}
+
+void commit(const QWidget& top, std::string_view character) {
+    QWidget* receiver = top.focusWidget();
+    QInputMethodEvent event;
+    event.setCommitString(shownText(character));
+    QCoreApplication::sendEvent(receiver ? receiver : const_cast<QWidget*>(&top), &event);
+}
+
+bool reaches(const QWidget& part, QPoint point) {
+    const QWidget* hit = part.window()->childAt(point);
+    return hit && (hit == &part || part.isAncestorOf(hit)) && part.window()->rect().contains(point);
+}
+
+} // namespace
+
+std::optional<QPoint> reachablePoint(QWidget& part) {
+    if (!part.isVisible() || !part.isEnabled()) return std::nullopt;
+    const QPoint middle = part.mapTo(part.window(), part.rect().center());
+    if (reaches(part, middle)) return middle;
+    constexpr int steps = 24;
+    for (int i = 0; i < steps * steps; ++i) {
+        const QPoint inside(part.width() * (2 * (i % steps) + 1) / (2 * steps),
+                            part.height() * (2 * (i / steps) + 1) / (2 * steps));
+        const QPoint point = part.mapTo(part.window(), inside);
+        if (reaches(part, point)) return point;
+    }
+    return std::nullopt;
+}
+
+void clickAt(QWidget& top, QPoint point) {
+    const Target window = top.windowHandle();
+    sendMouse(window, QEvent::MouseButtonPress, point);
+    sendMouse(window, QEvent::MouseButtonRelease, point);
+}
+
+void clickTwiceAt(QWidget& top, QPoint point) {
+    const Target window = top.windowHandle();
+    clickAt(top, point);
+    sendMouse(window, QEvent::MouseButtonDblClick, point);
+    sendMouse(window, QEvent::MouseButtonRelease, point);
+}
+
+void strike(QWidget& top, screen::Key key) {
+    hold(top, key, 0);
+}
+
+void hold(QWidget& top, screen::Key key, int repeats) {
+    const Target window = top.windowHandle();
+    const KeyStroke stroke = strokeOf(key);
+    sendKey(window, QEvent::KeyPress, stroke);
+    for (int i = 0; i < repeats; ++i) sendKey(window, QEvent::KeyPress, stroke, true);
+    sendKey(window, QEvent::KeyRelease, stroke);
+}
+
+void typeText(QWidget& top, std::string_view text) {
+    const QPointer<QWidget> alive(&top);
+    const Target window = top.windowHandle();
+    for (const std::string_view character : text::characters(text)) {
+        if (!alive) return;
+        const bool ascii = character.size() == 1 && static_cast<unsigned char>(character[0]) < 128;
+        if (ascii)
+            typeAscii(window, character[0]);
+        else
+            commit(top, character);
+    }
+}
+
+} // namespace kestrel::frontend

@@ -1,0 +1,51 @@
+#include "frontend/qt/rows_model.hpp"
+
+#include "frontend/qt/look.hpp"
+#include "frontend/qt/text.hpp"
+
+namespace kestrel::frontend {
+
+RowsModel::RowsModel(const screen::Control& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
+
+bool RowsModel::follow() {
+    const int rows = static_cast<int>(list_.rows.size());
+    const int columns = static_cast<int>(list_.columns.size());
+    if (revision_ == list_.rowsRevision && rows == rows_ && columns == columns_) return false;
+    beginResetModel();
+    revision_ = list_.rowsRevision;
+    rows_ = rows;
+    columns_ = columns;
+    endResetModel();
+    return true;
+}
+
+int RowsModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+int RowsModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns_;
+}
+
+static QString cellText(const screen::ListRow& row, int column) {
+    if (column == 0) return shownText(row.text);
+    const auto sub = static_cast<std::size_t>(column) - 1;
+    return sub < row.subItems.size() ? shownText(row.subItems[sub]) : QString();
+}
+
+QVariant RowsModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= static_cast<int>(list_.rows.size())) return {};
+    const screen::ListRow& row = list_.rows[static_cast<std::size_t>(index.row())];
+    if (role == Qt::DisplayRole) return cellText(row, index.column());
+    if (role == Qt::DecorationRole && index.column() == 0 && row.flag) return flagMark();
+    return {};
+}
+
+QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section >= static_cast<int>(list_.columns.size())) return {};
+    if (role == Qt::DisplayRole) return shownText(list_.columns[static_cast<std::size_t>(section)].title);
+    if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
+    return {};
+}
+
+} // namespace kestrel::frontend

@@ -1,0 +1,12 @@
+// The one place where the program waits for a person.
+#pragma once
+
+#include <functional>
+
+namespace kestrel::frontend {
+
+// Lets a person act until it is done or the process has ended. With a source of acts each of its acts is a person's;
+// when none is left the wait is over.
+void waitUntil(const std::function<bool()>& done);
+
+} // namespace kestrel::frontend
