@@ -1,5 +1,6 @@
 #include "data/modConnections.hpp"
 
+#include "company/modRights.hpp"
 #include "company/modStaff.hpp"
 #include "data/modFiles.hpp"
 #include "data/modGateway.hpp"
@@ -244,7 +245,7 @@ bool openMainDatabase() {
     connections.mainOpen = true;
     cleanUsageRecords();
     writeUsageStart();
-    readStartupStaff();
+    if (readStartupStaff()) checkOperationRight(menuGroup, installation.programId, 0); // for the rights it reads
     return true;
 }
 

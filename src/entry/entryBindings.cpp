@@ -1,6 +1,8 @@
 #include "entry/entryBindings.hpp"
 
 #include "entry/entrySteps.hpp"
+#include "entry/modNavigation.hpp"
+#include "entry/modPrinting.hpp"
 #include "entry/modSaving.hpp"
 #include "session/rosterSession.hpp"
 
@@ -101,9 +103,16 @@ constexpr screen::Binding table[] = {
     {"bak_dtla", click, on<pressCaption>},
     {"prg_ttl", click, on<returnFocus>},
 
+    {"btn_前No", click, on<pressStep>},
+    {"btn_次No", click, on<pressStep>},
+    {"btn_前明細No", click, on<pressStep>},
+    {"btn_次明細No", click, on<pressStep>},
+
     {"btn_登録", click, on<pressSave>},
     {"btn_画面クリア", click, on<pressClear>},
     {"btn_削除", click, on<pressDelete>},
+    {"btn_印刷", click, on<pressPrint>},
+    {"btn_プレビュ", click, on<pressPreview>},
     {"btn_終了", click, on<pressExit>},
 };
 // clang-format on

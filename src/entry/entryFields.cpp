@@ -3,7 +3,9 @@
 #include "entry/entryForm.hpp"
 #include "entry/entrySteps.hpp"
 #include "entry/frm連絡台帳入力.hpp"
+#include "entry/modPostal.hpp"
 #include "entry/modRosterRecords.hpp"
+#include "numbering/modNumbers.hpp"
 #include "session/rosterSession.hpp"
 #include "session/sessionValues.hpp"
 #include "text/characters.hpp"
@@ -101,6 +103,17 @@ void leaveAddresseeNo(screen::Control& field, const FieldRule&) {
     showNotice(result == 0 ? "新規情報です。" : "");
 }
 
+void leavePostalCode(screen::Control& field, const FieldRule&) {
+    const int result = changePostalCode(field.text);
+    if (result == 1) return;
+    if (result == -1)
+        takePostalCode();
+    else
+        rosterSession.postalRecords.close();
+    showEntry();
+    showNotice(result == 0 ? "該当情報が有りません。" : "");
+}
+
 constexpr FieldRule fieldRules[] = {
     {"名簿日付年", 1, leaveDatePart, &RosterSession::名簿日付年, "0000"},
     {"名簿日付月", 2, leaveDatePart, &RosterSession::名簿日付月, "00"},
@@ -117,7 +130,7 @@ constexpr FieldRule fieldRules[] = {
     {"宛先名称A", 6, leaveText, &RosterSession::宛先名称A, "宛先名称A"},
     {"宛先名称B", 7, leaveText, &RosterSession::宛先名称B, "宛先名称B"},
     {"宛先名称C", 7, leaveText, &RosterSession::宛先名称C, "宛先名称B"},
-    {"宛先郵便番号", 7, leaveOnly},
+    {"宛先郵便番号", 7, leavePostalCode},
     {"宛先住所A", 7, leaveText, &RosterSession::宛先住所A, "宛先住所A"},
     {"宛先住所B", 7, leaveText, &RosterSession::宛先住所B, "宛先住所B"},
     {"宛先住所C", 7, leaveText, &RosterSession::宛先住所C, "宛先住所C"},
@@ -185,6 +198,18 @@ void pickClass(screen::Control& list) {
     screen::setValue(pairOf(list).number, list.listIndex);
 }
 
+// A date in another span of the register proposes another number, also for a saved addressee; the register isn't
+// advanced. No number to propose leaves the one on the screen.
+static void takeNumberOfDate() {
+    RosterSession& s = rosterSession;
+    const std::string baseDate = numberBaseDate(rosterRegister, s.名簿日付);
+    const bool anotherSpan = baseDate != s.番号基準日付;
+    s.番号基準日付 = baseDate;
+    if (!anotherSpan && !s.newEntry) return;
+    const std::string number = peekNextNumber(rosterRegister, baseDate, installation.sessionOffice);
+    if (!number.empty()) s.名簿No = number;
+}
+
 void changeRosterDate() {
     RosterSession& s = rosterSession;
     s.名簿日付年 = text::zeroFilled(text::leadingNumber(s.名簿日付年), 4);
@@ -192,6 +217,7 @@ void changeRosterDate() {
     s.名簿日付日 = text::zeroFilled(text::leadingNumber(s.名簿日付日), 2);
     normalizeDateParts(s.名簿日付年, s.名簿日付月, s.名簿日付日);
     s.名簿日付 = s.名簿日付年 + s.名簿日付月 + s.名簿日付日;
+    takeNumberOfDate();
 }
 
 int changeRosterNo(std::string_view rosterNo) {
@@ -204,7 +230,11 @@ int changeRosterNo(std::string_view rosterNo) {
     const std::string baseDate = picked ? text::slice(key, 4, 8) : rosterSession.番号基準日付;
     rosterSession.lookupCondition.clear();
     rosterSession.dirty = true;
-    return readRosterHeader(office, baseDate, rosterNo) ? -1 : 0;
+    if (readRosterHeader(office, baseDate, rosterNo)) return -1;
+    // Undone by the field's step at once; what stays is the register's own warning.
+    const std::string proposed = peekNextNumber(rosterRegister, rosterSession.番号基準日付, installation.sessionOffice);
+    rosterSession.名簿No = proposed.empty() ? std::string(rosterNo) : proposed;
+    return 0;
 }
 
 int changeAddresseeNo(std::string_view addresseeNo) {

@@ -1,11 +1,13 @@
 // The life of the entry form: how it is made, and the step that loads it.
 #include "entry/entryForm.hpp"
 
+#include "company/modRights.hpp"
 #include "data/modGateway.hpp"
 #include "entry/entryBindings.hpp"
 #include "entry/entryButtons.hpp"
 #include "entry/frm連絡台帳入力.hpp"
 #include "screen/focus.hpp"
+#include "session/companyValues.hpp"
 #include "session/modStart.hpp"
 #include "session/rosterSession.hpp"
 #include "session/sessionValues.hpp"
@@ -35,7 +37,7 @@ void setSizeAndCaption(Frm連絡台帳入力& form) {
     constexpr int belowNotice = 380; // what a desktop of no known version leaves under the notice
     const screen::Place& notice = form.お知らせ.place;
     screen::setSize(form.window, notice.width + besideNotice, notice.top + notice.height + belowNotice);
-    screen::setCaption(form.window, installation.programId);
+    screen::setCaption(form.window, installation.programId + "（" + company.名称 + "）");
 }
 
 std::vector<std::string> readDispatchClasses() {
@@ -57,6 +59,7 @@ void loadEntryForm(screen::Window&) {
     setSizeAndCaption(form);
     fillChoices(form.法人個人区分, form.法人個人区分名称, {"個人", "法人"});
     fillChoices(form.発送区分, form.発送区分名称, readDispatchClasses());
+    showProgramTitle();
     rosterSession.firstField = rosterSession.lastEnteredField = rosterSession.lastLeftField = &form.宛先名称A;
     if (rosterSession.newEntry)
         newEntryScreen();

@@ -2,6 +2,8 @@
 #include "entry/entryButtons.hpp"
 #include "entry/entryForm.hpp"
 #include "entry/frm連絡台帳入力.hpp"
+#include "entry/modRosterRecords.hpp"
+#include "numbering/modNumbers.hpp"
 #include "session/rosterSession.hpp"
 
 namespace kestrel {
@@ -70,6 +72,7 @@ void showClass(screen::Control& number, screen::Control& list, int value) {
 } // namespace
 
 void clearEntry() {
+    rosterSession.番号基準日付 = numberBaseDate(rosterRegister, rosterSession.名簿日付);
     for (const Shown& shown : shownValues)
         if (!isRosterDate(shown.value)) (rosterSession.*shown.value).clear();
     for (Value value : hiddenValues) (rosterSession.*value).clear();

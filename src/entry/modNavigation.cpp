@@ -1,6 +1,7 @@
 #include "entry/modNavigation.hpp"
 
 #include "data/modGateway.hpp"
+#include "entry/entryForm.hpp"
 #include "entry/frm連絡台帳入力.hpp"
 #include "entry/modRosterRecords.hpp"
 #include "screen/focus.hpp"
@@ -108,24 +109,17 @@ struct Step {
     std::string_view asked;
     bool (*move)();
     void (*afterwards)();
-    screen::Control& (*focus)();
+    std::string_view focus;
 };
-
-screen::Control& addresseeNumber() {
-    return entryForm().名簿宛先No;
-}
-screen::Control& firstName() {
-    return entryForm().宛先名称A;
-}
 
 constexpr Step steps[] = {
     {"btn_前No", findPreviousRoster, "クリアし前Noを表示しますか？", movePreviousRoster, assignNextAddresseeNo,
-     addresseeNumber},
-    {"btn_次No", findNextRoster, "クリアし次Noを表示しますか？", moveNextRoster, assignNextAddresseeNo,
-     addresseeNumber},
+     "名簿宛先No"},
+    {"btn_次No", findNextRoster, "クリアし次Noを表示しますか？", moveNextRoster, assignNextAddresseeNo, "名簿宛先No"},
     {"btn_前明細No", findPreviousAddressee, "クリアし前宛先Noを表示しますか？", movePreviousAddressee, nothingMore,
-     firstName},
-    {"btn_次明細No", findNextAddressee, "クリアし次宛先Noを表示しますか？", moveNextAddressee, nothingMore, firstName},
+     "宛先名称A"},
+    {"btn_次明細No", findNextAddressee, "クリアし次宛先Noを表示しますか？", moveNextAddressee, nothingMore,
+     "宛先名称A"},
 };
 
 bool mayLeave(const Step& step) {
@@ -137,7 +131,7 @@ void run(const Step& step) {
     step.move();
     step.afterwards();
     refreshScreen();
-    screen::setFocus(step.focus());
+    screen::setFocus(entryControl(step.focus));
 }
 
 } // namespace
@@ -170,10 +164,9 @@ bool moveNextAddressee() {
     return moveAddressee(Direction::next);
 }
 
-void stepPressed(const screen::Occurrence& occurrence) {
-    if (rosterSession.refreshing) return;
+void pressStep(screen::Control& button) {
     for (const Step& step : steps)
-        if (step.button == occurrence.control.name) return run(step);
+        if (step.button == button.name) return run(step);
 }
 
 } // namespace kestrel

@@ -3,7 +3,7 @@
 // number.
 #pragma once
 
-#include "screen/window.hpp"
+#include "screen/control.hpp"
 
 namespace kestrel {
 
@@ -20,6 +20,6 @@ bool moveNextRoster();
 bool movePreviousAddressee();
 bool moveNextAddressee();
 
-void stepPressed(const screen::Occurrence& occurrence); // btn_前No, btn_次No, btn_前明細No, btn_次明細No
+void pressStep(screen::Control& button); // btn_前No, btn_次No, btn_前明細No, btn_次明細No
 
 } // namespace kestrel

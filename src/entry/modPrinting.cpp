@@ -37,14 +37,12 @@ static bool permitted(int rightKind) {
     return authorizeOperation(menuGroup, reportProgram, rightKind) == -1;
 }
 
-void printPressed(const screen::Occurrence&) {
-    if (rosterSession.refreshing) return;
+void pressPrint(screen::Control&) {
     if (permitted(4) && screen::question("印刷しますか?")) printCard();
     screen::setFocus(*rosterSession.lastLeftField);
 }
 
-void previewPressed(const screen::Occurrence&) {
-    if (rosterSession.refreshing) return;
+void pressPreview(screen::Control&) {
     if (permitted(5) && screen::question("プレビュしますか?")) previewCard();
 }
 

@@ -1,7 +1,7 @@
 // The addressee's card, printed or previewed by the companion program.
 #pragma once
 
-#include "screen/window.hpp"
+#include "screen/control.hpp"
 
 #include <string>
 
@@ -14,7 +14,7 @@ std::string reportParameters(char flag);
 void printCard();   // starts the companion and doesn't wait; a message when it can't be started
 void previewCard(); // likewise
 
-void printPressed(const screen::Occurrence& occurrence);   // btn_印刷
-void previewPressed(const screen::Occurrence& occurrence); // btn_プレビュ
+void pressPrint(screen::Control& button);   // btn_印刷
+void pressPreview(screen::Control& button); // btn_プレビュ
 
 } // namespace kestrel

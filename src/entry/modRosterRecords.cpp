@@ -1,6 +1,7 @@
 #include "entry/modRosterRecords.hpp"
 
 #include "data/modGateway.hpp"
+#include "numbering/modViewLog.hpp"
 #include "screen/message.hpp"
 #include "session/rosterSession.hpp"
 #include "session/sessionValues.hpp"
@@ -205,6 +206,9 @@ void clearRosterHeader() {
 }
 
 bool readAddressee(std::string_view addresseeNo) {
+    // Before the read, so that a look at an addressee who turns out not to exist leaves a row too.
+    writeViewRecord(installation.programId, installation.sessionOffice, rosterSession.番号基準日付,
+                    rosterSession.名簿No, addresseeNo);
     return openRecordset(rosterSession.addresseeRecords,
                          "SELECT T名簿明細.* FROM T名簿明細 WHERE " + rosterOfAddressee() + " AND " +
                              quotedKey("名簿宛先No", addresseeNo),
@@ -237,7 +241,7 @@ void assignNextAddresseeNo() {
     const bool found = openRecordset(
         highest,
         "SELECT 名簿宛先No FROM T名簿明細 WHERE " + rosterOfAddressee() + " ORDER BY T名簿明細.名簿宛先No DESC", false);
-    const long long last = found ? text::leadingNumber(highest.text("名簿宛先No", "")) : 0;
+    const long long last = found ? text::wholeNumber(highest.text("名簿宛先No", "")) : 0;
     rosterSession.名簿宛先No = text::zeroFilled(last + 1, width);
     highest.close();
     rosterSession.newEntry = true;

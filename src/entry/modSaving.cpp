@@ -51,12 +51,6 @@ bool mayAct(int rightKind) {
     return right == permitted && window == permitted;
 }
 
-void clearScreen() {
-    newEntryScreen();
-    refreshScreen();
-    clearNotice();
-}
-
 // A program started for one record ends with it.
 void goOn() {
     if (rosterSession.linkStarted)
@@ -101,7 +95,7 @@ void writeEntry() {
 void saveEntry() {
     if (!mayAct(rosterSession.newEntry ? 1 : 2)) return refuse();
     if (!checkRequiredFields()) {
-        screen::setCaption(entryForm().お知らせ, "必要項目が未入力です。");
+        showNotice("必要項目が未入力です。"); // over the notice that checkRequiredFields gave
         return;
     }
     if (confirmSave(installation.programId, "") == 2) return screen::setFocus(*rosterSession.lastLeftField);
@@ -113,8 +107,8 @@ void saveEntry() {
     goOn();
 }
 
-void savePressed(const screen::Occurrence&) {
-    if (!rosterSession.refreshing) saveEntry();
+void pressSave(screen::Control&) {
+    saveEntry();
 }
 
 // The two forms with "？？？。" wait for a reference check; with the constant count neither ever shows.
@@ -127,8 +121,7 @@ static bool confirmDelete() {
     return screen::question(doubt + "削除しますか?", false);
 }
 
-void deletePressed(const screen::Occurrence&) {
-    if (rosterSession.refreshing) return;
+void pressDelete(screen::Control&) {
     if (!mayAct(3)) return refuse();
     if (!confirmDelete()) return screen::setFocus(*rosterSession.lastLeftField);
     showWaitDialog();

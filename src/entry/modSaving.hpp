@@ -1,7 +1,7 @@
 // Saving and deleting the addressee on the screen, and the window of dates in which a record may be touched.
 #pragma once
 
-#include "screen/window.hpp"
+#include "screen/control.hpp"
 
 namespace kestrel {
 
@@ -10,7 +10,7 @@ int checkDateWindow(); // -1 allowed, 0 refused
 int referenceCount();  // 1 or more forbids the delete; here always -1
 void writeEntry();     // insert or replace, by rosterSession.newEntry
 
-void savePressed(const screen::Occurrence& occurrence);   // btn_登録
-void deletePressed(const screen::Occurrence& occurrence); // btn_削除
+void pressSave(screen::Control& button);   // btn_登録
+void pressDelete(screen::Control& button); // btn_削除
 
 } // namespace kestrel

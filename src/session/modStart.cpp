@@ -1,7 +1,11 @@
 #include "session/modStart.hpp"
 
+#include "company/modProfile.hpp"
+#include "company/modRights.hpp"
+#include "company/modSignIn.hpp"
 #include "data/modConnections.hpp"
 #include "data/modHistory.hpp"
+#include "data/modLink.hpp"
 #include "entry/frm連絡台帳入力.hpp"
 #include "entry/modRosterRecords.hpp"
 #include "platform/clock.hpp"
@@ -56,6 +60,11 @@ void dieOf(const std::exception& error) {
     screen::endProcess(1);
 }
 
+// The earliest that a request for this start can have been made.
+std::string aMinuteAgo() {
+    return platform::stampText(platform::secondsLater(platform::now(), -60));
+}
+
 void takeToday() {
     rosterSession.名簿日付 = platform::dateText(platform::now());
     rosterSession.名簿日付年 = text::slice(rosterSession.名簿日付, 0, 4);
@@ -96,7 +105,9 @@ void start() {
     readScreenSize();
     makeEntryForm();
     if (!openProgram()) return refuseStart("データベースが使用できません。");
-    takeToday();
+    if (!loadStartValues()) return refuseStart("ユーザ情報が使用できません。");
+    registerLinkKeys(menuGroup, installation.programId);
+    if (authorizeOperation(menuGroup, installation.programId, 0) != -1) return refuseStart("操作権限がありません。");
     takeHandoff();
     if (!mayRunBesideOthers()) return finishProgram();
     showEntryForm();
@@ -120,11 +131,18 @@ void startProgram(const std::string& commandLine) {
     }
 }
 
+bool loadStartValues() {
+    const bool read = loadCompanyProfile();
+    takeToday();
+    return read;
+}
+
 bool openProgram() {
     connections = {};
     try {
         if (!openSystemDatabases()) return false;
         writeRunStart();
+        receiveLinkMessage(text::trim(installation.commandLine), aMinuteAgo());
         return openMainDatabase();
     } catch (const std::exception&) {
         return false; // what a failing step could tell is in the run history or was shown
@@ -132,6 +150,7 @@ bool openProgram() {
 }
 
 void closeProgram() {
+    if (!rosterSession.linkStartText.empty()) sendLinkAnswer(rosterSession.linkReplyText);
     writeRunEnd();
     connections.localConnection.close();
     connections.mainConnection.close();

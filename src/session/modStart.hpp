@@ -9,6 +9,7 @@ namespace kestrel {
 // then waits in frontend::waitUntilEnded(). When the start fails the process has ended (screen::ended()) on return.
 void startProgram(const std::string& commandLine);
 bool openProgram();
+bool loadStartValues(); // the company profile, today's date; true when the profile could be read
 void closeProgram();
 void loadLinkedEntry();
 void newEntryScreen();
