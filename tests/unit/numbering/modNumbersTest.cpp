@@ -4,6 +4,10 @@
 
 #include "session/companyValues.hpp"
 
+#include <set>
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace kestrel {
 namespace {
 
@@ -155,6 +159,19 @@ TEST_F(Registers, ATakeWhoseRowCannotBeReadSendsAnEmptyNumber) {
     EXPECT_TRUE(mainSent().back().starts_with("UPDATE A期日別番号情報 SET  連番 = '' WHERE ")) << mainSent().back();
 }
 
+TEST_F(Registers, TheMessageComesAfterTheDraw) {
+    bool free = false;
+    static bool* seen = nullptr;
+    seen = &free;
+    screen::setActSource([] {
+        if (screen::waiting() != nullptr) *seen = bool(connections.mainConnection.beginDraw());
+        if (*seen) *seen = bool(connections.mainConnection.endDraw(false));
+        return pressOk();
+    });
+    takeNextNumber("nobody", "20240515", "001");
+    EXPECT_TRUE(free);
+}
+
 class OfficeRegisters : public Registers {
 protected:
     OfficeRegisters() { company.伝票番号管理区分 = 2; }
@@ -207,6 +224,35 @@ TEST_F(OfficeRegisters, ARowForADateThatIsThereCounts) {
     EXPECT_EQ(takeNextNumber("D", "20240515", "001"), "00000008");
     EXPECT_EQ(counter("A事業所別期日別番号情報"), "00000008 | 00000000");
     EXPECT_EQ(failures(), 0);
+}
+
+constexpr int drawsEach = 100;
+
+// One instance of its own: draws, and writes what it drew, a line each.
+void drawInAnotherProcess(const std::string& file) {
+    resetSession();
+    if (!openSystemDatabases() || !openMainDatabase()) _exit(1);
+    std::ofstream drawn(file);
+    for (int i = 0; i < drawsEach; ++i) drawn << takeNextNumber("16310", "20240515", "001") << "\n";
+    drawn.close();
+    _exit(0);
+}
+
+TEST_F(Installed, TwoInstancesNeverDrawOneNumber) {
+    main("UPDATE A番号情報 SET 連番種類 = '3' WHERE 番号ID = '16310'");
+    pid_t children[2];
+    for (int i = 0; i < 2; ++i)
+        if ((children[i] = fork()) == 0) drawInAnotherProcess(path("drawn" + std::to_string(i)));
+    std::set<std::string> numbers;
+    for (int i = 0; i < 2; ++i) {
+        int status = -1;
+        waitpid(children[i], &status, 0);
+        EXPECT_EQ(status, 0);
+        std::ifstream drawn(path("drawn" + std::to_string(i)));
+        for (std::string line; std::getline(drawn, line);) numbers.insert(line);
+    }
+    EXPECT_EQ(numbers.size(), 2u * drawsEach);
+    EXPECT_EQ(*numbers.rbegin(), "00000200");
 }
 
 } // namespace
