@@ -4,6 +4,8 @@
 
 #include "session/companyValues.hpp"
 
+#include <algorithm>
+
 namespace kestrel {
 namespace {
 
@@ -84,6 +86,10 @@ TEST_F(ViewLog, ARegisterThatDoesNotMoveEndsTheSearch) {
     database::breakStatements(database::Role::main, "UPDATE A期日別番号情報");
     view();
     EXPECT_EQ(numbers(), Texts{"00000001"});
+    const Texts sentTexts = mainSent();
+    EXPECT_EQ(
+        std::count_if(sentTexts.begin(), sentTexts.end(), [](auto& sql) { return sql.starts_with("SELECT 閲覧No"); }),
+        2);
     EXPECT_TRUE(mainSent().back().starts_with("INSERT INTO [T閲覧] "));
 }
 
