@@ -100,8 +100,7 @@ void key(screen::Key which) {
 }
 
 void hold(screen::Key which) {
-    constexpr int repeats = 5;
-    if (QWidget* target = keyTarget()) frontend::hold(*target, which, repeats);
+    if (QWidget* target = keyTarget()) frontend::hold(*target, which, heldRepeats);
 }
 
 void typeOver(std::string_view text) {
