@@ -2,6 +2,7 @@
 
 #include "frontend/qt/accessible.hpp"
 #include "frontend/qt/boxes.hpp"
+#include "frontend/qt/lists.hpp"
 #include "frontend/qt/look.hpp"
 #include "frontend/qt/person.hpp"
 #include "frontend/qt/text.hpp"
@@ -155,8 +156,10 @@ void sync() {
 }
 
 static void forget(WindowView& view) {
-    for (QWidget* widget : view.widgets)
+    for (QWidget* widget : view.widgets) {
         for (QObject* part : eventParts(*widget)) parts.remove(part);
+        leaveList(*widget);
+    }
     if (activated == view.window) activated = nullptr;
     view.top->hide();
     view.top->deleteLater();
