@@ -45,9 +45,11 @@ QPalette palette() {
 
 const char* styleSheet = R"(
 QLineEdit, QPlainTextEdit, QComboBox { background: #ffffff; color: #1f2733; border: 1px solid #c3c9d2; border-radius: 3px; }
-QLineEdit { padding: 0px 3px; }
+QLineEdit { padding: 0px 3px 1px 3px; }
 QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { border: 2px solid #2563a8; background: #fbfdff; }
 QLineEdit:focus { padding: 0px 2px; }
+QPlainTextEdit, QTableView { padding: 1px; }
+QPlainTextEdit:focus, QTableView:focus { padding: 0px; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #eceef1; color: #7f8895; border-color: #d9dde3; }
 QComboBox { padding: 0px 3px 0px 4px; }
 QComboBox:focus { padding: 0px 2px 0px 3px; }
@@ -55,6 +57,7 @@ QComboBox::drop-down { border: none; width: 16px; }
 QComboBox::down-arrow { image: none; }
 QComboBox QAbstractItemView { background: #ffffff; border: 1px solid #c3c9d2; selection-background-color: #2563a8; selection-color: #ffffff; outline: none; }
 QPushButton { background: #ffffff; color: #1f2733; border: 1px solid #b7bfca; border-radius: 4px; padding: 0px 2px; }
+QDialog QPushButton { padding: 3px 12px; }
 QPushButton:hover { background: #eef4fb; border-color: #7fa3cc; }
 QPushButton:pressed { background: #d8e5f4; }
 QPushButton:focus { border: 2px solid #2563a8; }
@@ -114,6 +117,7 @@ const char* roleName(Role role) {
 void setRole(QWidget& widget, const char* role) {
     if (widget.property("role").toString() == role) return;
     widget.setProperty("role", role);
+    if (!widget.testAttribute(Qt::WA_WState_Polished)) return;
     widget.style()->unpolish(&widget);
     widget.style()->polish(&widget);
 }
