@@ -24,6 +24,19 @@ void sendMouse(const Target& window, QEvent::Type type, QPoint point) {
     QCoreApplication::sendEvent(window, &event);
 }
 
+// The second press of two: a window makes it of two presses in time, an event of its own it doesn't pass on whole. So
+// it goes to the widget that lies there.
+void sendSecondPress(QWidget& top, QPoint point) {
+    const QPointer<QWidget> widget = top.childAt(point);
+    for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        if (!widget) return;
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, widget->mapFrom(&top, point), top.mapToGlobal(point), Qt::LeftButton, held,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &event);
+    }
+}
+
 void sendKey(const Target& window, QEvent::Type type, const KeyStroke& stroke, bool repeat = false) {
     if (!window) return;
     QKeyEvent event(type, stroke.key, stroke.modifiers, stroke.text, repeat);
@@ -74,10 +87,9 @@ void clickAt(QWidget& top, QPoint point) {
 }
 
 void clickTwiceAt(QWidget& top, QPoint point) {
-    const Target window = top.windowHandle();
+    const QPointer<QWidget> alive(&top);
     clickAt(top, point);
-    sendMouse(window, QEvent::MouseButtonDblClick, point);
-    sendMouse(window, QEvent::MouseButtonRelease, point);
+    if (alive && top.isVisible()) sendSecondPress(top, point);
 }
 
 void strike(QWidget& top, screen::Key key) {

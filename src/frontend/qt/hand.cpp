@@ -9,7 +9,9 @@
 #include "screen/message.hpp"
 #include "screen/person.hpp"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QCompleter>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -172,6 +174,7 @@ bool pick(std::string_view path) {
     name->setFocus();
     name->selectAll();
     frontend::typeText(*picker, path);
+    if (name->completer()) name->completer()->popup()->hide(); // it would take the press
     return clickButton(buttons->button(QDialogButtonBox::Open));
 }
 

@@ -2,6 +2,7 @@
 
 #include "frontend/qt/accessible.hpp"
 #include "frontend/qt/boxes.hpp"
+#include "frontend/qt/lists.hpp"
 #include "frontend/qt/look.hpp"
 #include "frontend/qt/person.hpp"
 #include "frontend/qt/text.hpp"
@@ -25,9 +26,10 @@ struct WindowView {
     std::vector<QWidget*> widgets; // one a control, in the order of the window's controls
 };
 
-// A list of pointers: views come and go while a caller further up still works on his.
-std::vector<std::unique_ptr<WindowView>> views;
-QHash<const QObject*, screen::Control*> parts;
+// A list of pointers: views come and go while a caller further up still works on his. Neither is ever destroyed:
+// windows that live as long as the process say at its very end that they are gone.
+auto& views = *new std::vector<std::unique_ptr<WindowView>>;
+auto& parts = *new QHash<const QObject*, screen::Control*>;
 const screen::Window* activated = nullptr;
 
 WindowView* viewOf(const screen::Window& window) {
@@ -155,8 +157,10 @@ void sync() {
 }
 
 static void forget(WindowView& view) {
-    for (QWidget* widget : view.widgets)
+    for (QWidget* widget : view.widgets) {
         for (QObject* part : eventParts(*widget)) parts.remove(part);
+        leaveList(*widget);
+    }
     if (activated == view.window) activated = nullptr;
     view.top->hide();
     view.top->deleteLater();
