@@ -5,6 +5,7 @@
 #include "setup/rows.hpp"
 #include "setup/store.hpp"
 #include "setup/tables.hpp"
+#include "text/dates.hpp"
 
 #include <filesystem>
 #include <fstream>
@@ -101,31 +102,60 @@ Status redirectAll(const std::string& root) {
     return changeFile(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
 }
 
-} // namespace
+// Far enough from both ends of the calendar to count years from it.
+Status refuseDay(std::string_view day) {
+    const bool isDate = text::dateText(text::dateFromText(day)) == day;
+    if (isDate && day >= "19000101" && day <= "99001231") return platform::done();
+    return platform::Failure{0, std::string(day) + " is no date of the form YYYYMMDD"};
+}
 
-Status createInstallation(std::string_view folder, What what, std::string_view day, std::string_view program) {
+Status fill(const std::string& root, What what, std::string_view day, std::string_view program) {
+    makeTree(root);
+    placeProgram(root, program);
+    return createDatabases(root, rowsFor(what, {root, std::string(day)}));
+}
+
+Status copyInto(const std::string& root, std::string_view from) {
+    fs::create_directories(root);
+    fs::copy(fs::path(from), root, fs::copy_options::recursive);
+    return redirectAll(root);
+}
+
+template <class Step> Status guarded(Step step) {
     try {
-        const std::string root = absoluteFolder(folder);
-        if (Status status = refuseFilled(root); !status) return status;
-        makeTree(root);
-        placeProgram(root, program);
-        return createDatabases(root, rowsFor(what, {root, std::string(day)}));
+        return step();
     } catch (const fs::filesystem_error& error) {
         return failure(error);
     }
 }
 
+// Runs the step on a folder that was empty, and empties it again if the step fails.
+template <class Step> Status wholeOrNothing(const std::string& root, Step step) {
+    Status status = guarded(step);
+    if (status) return status;
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(root, ignored)) fs::remove_all(entry.path(), ignored);
+    return status;
+}
+
+} // namespace
+
+Status createInstallation(std::string_view folder, What what, std::string_view day, std::string_view program) {
+    return guarded([&]() -> Status {
+        const std::string root = absoluteFolder(folder);
+        if (Status status = refuseDay(day); !status) return status;
+        if (Status status = refuseFilled(root); !status) return status;
+        return wholeOrNothing(root, [&] { return fill(root, what, day, program); });
+    });
+}
+
 Status copyInstallation(std::string_view from, std::string_view to) {
-    try {
+    return guarded([&]() -> Status {
         const std::string root = absoluteFolder(to);
         if (Status status = refuseFilled(root); !status) return status;
         if (Status status = refuseOpened(fs::path(from)); !status) return status;
-        fs::create_directories(root);
-        fs::copy(fs::path(from), root, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-        return redirectAll(root);
-    } catch (const fs::filesystem_error& error) {
-        return failure(error);
-    }
+        return wholeOrNothing(root, [&] { return copyInto(root, from); });
+    });
 }
 
 } // namespace kestrel::setup
