@@ -60,11 +60,6 @@ std::vector<std::string> statementsFor(std::string_view database, const Rows& ro
     return statements;
 }
 
-Status changeFile(const std::string& path, const std::vector<std::string>& statements) {
-    auto store = openStore(path);
-    return store ? runTogether(store.value(), statements) : Status(store.failure());
-}
-
 // All five begin as the same empty database; making one costs several waits for the disk, copying it none.
 Status createDatabases(const std::string& root, const Rows& rows) {
     const std::string empty = root + "/" + emptyFiles[0];
@@ -72,8 +67,8 @@ Status createDatabases(const std::string& root, const Rows& rows) {
     for (const char* name : {emptyFiles[1], emptyFiles[2], mainFile, localFile}) {
         fs::copy_file(empty, root + "/" + name);
     }
-    if (Status status = changeFile(root + "/" + mainFile, statementsFor("main", rows)); !status) return status;
-    return changeFile(root + "/" + localFile, statementsFor("local", rows));
+    if (Status status = changeStore(root + "/" + mainFile, statementsFor("main", rows)); !status) return status;
+    return changeStore(root + "/" + localFile, statementsFor("local", rows));
 }
 
 Status refuseOpened(const fs::path& from) {
@@ -96,10 +91,10 @@ std::string redirect(const char* table, const char* column, const std::string& r
 
 Status redirectAll(const std::string& root) {
     const Status local =
-        changeFile(root + "/" + localFile, {redirect("データベース定義", "データソース名", root, mainFile),
-                                            redirect("データベース定義", "サーバー名", root, mainFile)});
+        changeStore(root + "/" + localFile, {redirect("データベース定義", "データソース名", root, mainFile),
+                                             redirect("データベース定義", "サーバー名", root, mainFile)});
     if (!local) return local;
-    return changeFile(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
+    return changeStore(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
 }
 
 // Far enough from both ends of the calendar to count years from it.
