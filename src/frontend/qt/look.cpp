@@ -189,7 +189,7 @@ void dressNotice(QLabel& label) {
 
 void dressCaption(QLabel& label, const screen::Control& control) {
     const Role role = roleOf(control);
-    setRole(label, roleName(role));
+    setRole(label, role == Role::notice ? "silent" : roleName(role));
     label.setAlignment(role == Role::press ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Role::title) return;
     QFont font = label.font();
