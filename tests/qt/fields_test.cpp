@@ -1,4 +1,6 @@
 #include "form_test.hpp"
+#include "screen/frontend.hpp"
+#include "script.hpp"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -131,6 +133,25 @@ TEST_F(FieldsTest, AHeldCtrlCountsOnce) {
     focusOn("コード");
     hand::hold(screen::Key::Ctrl);
     EXPECT_EQ(demo::happened, (Lines{"key コード 4"}));
+}
+
+TEST_F(FieldsTest, AHeldKeyGoesOnInTheWindowThatItOpened) {
+    static screen::Window* opened = nullptr;
+    const auto list = demo::makeList(20);
+    opened = list.get();
+    static const screen::Binding table[] = {
+        {"名称", screen::Event::keyDown, [](const screen::Occurrence&) { screen::showModal(*opened); }}};
+    form->bindings = table;
+    focusOn("名称");
+    int selected = -1;
+    demo::play({[] { hand::hold(screen::Key::Down); },
+                [&] {
+                    selected = opened->controls[0].selected;
+                    hand::row(opened->controls[0], 0, false);
+                }},
+               [this] { frontend::waitUntilEnded(); });
+    EXPECT_EQ(selected, 2);
+    EXPECT_FALSE(list->shown);
 }
 
 TEST_F(FieldsTest, BackspaceTakesTheLastCharacterAfterTheFormHasSeenTheKey) {

@@ -93,15 +93,17 @@ void clickTwiceAt(QWidget& top, QPoint point) {
 }
 
 void strike(QWidget& top, screen::Key key) {
-    hold(top, key, 0);
+    const QPointer<QWidget> alive(&top);
+    pressKey(top, key, false);
+    if (alive) releaseKey(top, key);
 }
 
-void hold(QWidget& top, screen::Key key, int repeats) {
-    const Target window = top.windowHandle();
-    const KeyStroke stroke = strokeOf(key);
-    sendKey(window, QEvent::KeyPress, stroke);
-    for (int i = 0; i < repeats; ++i) sendKey(window, QEvent::KeyPress, stroke, true);
-    sendKey(window, QEvent::KeyRelease, stroke);
+void pressKey(QWidget& top, screen::Key key, bool repeat) {
+    sendKey(top.windowHandle(), QEvent::KeyPress, strokeOf(key), repeat);
+}
+
+void releaseKey(QWidget& top, screen::Key key) {
+    sendKey(top.windowHandle(), QEvent::KeyRelease, strokeOf(key));
 }
 
 void typeText(QWidget& top, std::string_view text) {

@@ -4,6 +4,7 @@
 #include "frontend/qt/events.hpp"
 #include "frontend/qt/text.hpp"
 #include "frontend/qt/views.hpp"
+#include "frontend/qt/waits.hpp"
 #include "frontend/qt/widgets.hpp"
 #include "screen/ending.hpp"
 #include "screen/message.hpp"
@@ -22,6 +23,9 @@
 namespace kestrel::hand {
 
 namespace {
+
+screen::Key heldKey = screen::Key::Ctrl;
+int repeatsLeft = 0;
 
 using frontend::topOf;
 using frontend::widgetOf;
@@ -58,6 +62,7 @@ std::optional<QPoint> clickPoint(const Control& control) {
 }
 
 QWidget* keyTarget() {
+    if (screen::ended()) return nullptr;
     if (QDialog* dialog = frontend::dialogWaiting()) return dialog;
     const screen::Window* active = screen::activeWindow();
     return active ? topOf(*active) : nullptr;
@@ -84,6 +89,21 @@ void selectAll(QWidget* widget) {
 }
 
 } // namespace
+} // namespace kestrel::hand
+
+namespace kestrel::frontend {
+
+bool repeatHeldKey() {
+    if (hand::repeatsLeft == 0) return false;
+    --hand::repeatsLeft;
+    QWidget* target = dialogWaiting() ? nullptr : hand::keyTarget();
+    if (target) pressKey(*target, hand::heldKey, true);
+    return true;
+}
+
+} // namespace kestrel::frontend
+
+namespace kestrel::hand {
 
 bool click(Control& control) {
     const std::optional<QPoint> point = clickPoint(control);
@@ -102,7 +122,14 @@ void key(screen::Key which) {
 }
 
 void hold(screen::Key which) {
-    if (QWidget* target = keyTarget()) frontend::hold(*target, which, heldRepeats);
+    QWidget* target = keyTarget();
+    if (!target) return;
+    heldKey = which;
+    repeatsLeft = heldRepeats;
+    frontend::pressKey(*target, which, false);
+    while (frontend::repeatHeldKey()) {
+    }
+    if (QWidget* last = keyTarget()) frontend::releaseKey(*last, which);
 }
 
 void typeOver(std::string_view text) {

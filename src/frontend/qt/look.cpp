@@ -45,9 +45,9 @@ QPalette palette() {
 
 const char* styleSheet = R"(
 QLineEdit, QPlainTextEdit, QComboBox { background: #ffffff; color: #1f2733; border: 1px solid #c3c9d2; border-radius: 3px; }
-QLineEdit { padding: 0px 3px 1px 3px; }
+QLineEdit { padding: 0px 2px 1px 2px; }
 QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { border: 2px solid #2563a8; background: #fbfdff; }
-QLineEdit:focus { padding: 0px 2px; }
+QLineEdit:focus { padding: 0px 1px; }
 QPlainTextEdit, QTableView { padding: 1px; }
 QPlainTextEdit:focus, QTableView:focus { padding: 0px; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #eceef1; color: #7f8895; border-color: #d9dde3; }
@@ -189,7 +189,7 @@ void dressNotice(QLabel& label) {
 
 void dressCaption(QLabel& label, const screen::Control& control) {
     const Role role = roleOf(control);
-    setRole(label, roleName(role));
+    setRole(label, role == Role::notice ? "silent" : roleName(role));
     label.setAlignment(role == Role::press ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Role::title) return;
     QFont font = label.font();

@@ -88,11 +88,25 @@ WindowView& viewMade(screen::Window& window) {
     return *views.back();
 }
 
+// The height that a window states may hold its frame's title bar as well: what would lie empty beneath the lowest
+// control, beyond the margin beside it, isn't shown.
+int insideHeight(const screen::Window& window) {
+    int bottom = 0;
+    int margin = window.height;
+    for (const screen::Control& control : window.controls) {
+        const int end = control.place.top + control.place.height;
+        if (control.guard || end > window.height || end < bottom) continue;
+        margin = end == bottom ? std::min(margin, control.place.left) : control.place.left;
+        bottom = end;
+    }
+    return std::min(window.height, bottom + std::max(margin, 0));
+}
+
 void applyWindow(const WindowView& view) {
     const screen::Window& window = *view.window;
     const QString title = shownText(window.caption);
     if (view.top->windowTitle() != title) view.top->setWindowTitle(title);
-    const QSize size(toPixels(window.width), toPixels(window.height));
+    const QSize size(toPixels(window.width), toPixels(insideHeight(window)));
     if (view.top->size() != size || view.top->minimumSize() != size) view.top->setFixedSize(size);
 }
 
@@ -173,6 +187,10 @@ void drop(const screen::Window& window) {
     const std::unique_ptr<WindowView> view = std::move(*found);
     views.erase(found);
     forget(*view);
+}
+
+void giveBackKeyboard() {
+    activated = nullptr;
 }
 
 void dropAll() {
