@@ -170,6 +170,13 @@ const Row rows[] = {
     {"officeCount", &company.officeCount},
     {"officeName", &company.officeName},
     {"officePrivilegedPin", &company.officePrivilegedPin},
+    {"総合振込ファイル", &company.folders.総合振込ファイル},
+    {"基本読込フォルダ", &company.folders.基本読込フォルダ},
+    {"帳票イメージフォルダ", &company.folders.帳票イメージフォルダ},
+    {"その他読込ファイル", &company.folders.その他読込ファイル},
+    {"本支店連携フォルダ", &company.folders.本支店連携フォルダ},
+    {"テキスト出力フォルダ", &company.folders.テキスト出力フォルダ},
+    {"BACKUPフォルダ", &company.folders.BACKUPフォルダ},
 };
 
 const Row& rowNamed(std::string_view name) {
