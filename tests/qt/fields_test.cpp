@@ -144,15 +144,6 @@ TEST_F(FieldsTest, EnterThatConfirmsAConversionIsNoKeyOfTheForm) {
     EXPECT_EQ(demo::happened.back(), "key 名称 2");
 }
 
-TEST_F(FieldsTest, LeavingInTheMiddleOfAConversionKeepsWhatTheInputMethodGivesBack) {
-    focusOn("名称");
-    hand::typeOver("青");
-    compose(widget<QLineEdit>("名称"), "は", "");
-    hand::click(control("電話"));
-    EXPECT_EQ(focusName(), "電話");
-    EXPECT_EQ(control("名称").text.substr(0, 3), "青");
-}
-
 TEST_F(FieldsTest, AHeldCtrlCountsOnce) {
     focusOn("コード");
     hand::hold(screen::Key::Ctrl);
