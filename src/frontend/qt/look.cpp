@@ -103,7 +103,7 @@ Role roleOf(const screen::Control& control) {
     const std::string_view name = control.name;
     if (control.notice) return Role::notice;
     if (control.kind == screen::Kind::xLabel) return Role::label;
-    if (name.ends_with("_ttl")) return Role::title;
+    if (name.ends_with("ttl")) return Role::title;
     if (name.starts_with("itm_ttl_")) return Role::caption;
     return control.caption.empty() ? Role::ground : Role::press;
 }
