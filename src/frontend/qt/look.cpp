@@ -78,6 +78,7 @@ QLabel[role="caption"] { color: #4c5666; padding: 0px 2px; }
 QLabel[role="notice"] { background: #fff7e0; color: #5c4300; border: 1px solid #ecd9a4; border-radius: 3px; padding: 0px 8px; }
 QLabel[role="silent"] { padding: 0px 8px; border: 1px solid #dfe3e9; border-radius: 3px; }
 QLabel[role="press"] { background: #ffffff; color: #2563a8; border: 1px solid #b7bfca; border-radius: 4px; }
+QLabel[role="press"]:disabled { background: #eff1f4; color: #a3aab5; border-color: #dde1e7; }
 )";
 
 // Exactly the screen's own ratio where the base font is the one meant; more where a substitute runs larger.
