@@ -51,7 +51,7 @@ QLineEdit:focus { padding: 0px 1px; }
 QPlainTextEdit, QTableView { padding: 1px; }
 QPlainTextEdit:focus, QTableView:focus { padding: 0px; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #eceef1; color: #7f8895; border-color: #d9dde3; }
-QComboBox { padding: 0px 3px 0px 4px; }
+QComboBox { padding: 0px 3px 0px 4px; combobox-popup: 0; }
 QComboBox:focus { padding: 0px 2px 0px 3px; }
 QComboBox::drop-down { border: none; width: 16px; }
 QComboBox::down-arrow { image: none; }
