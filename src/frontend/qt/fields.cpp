@@ -27,7 +27,7 @@ void writeLine(QLineEdit& line, const QString& text) {
     line.setText(text);
     if (allSelected)
         line.selectAll();
-    else if (!line.hasFocus())
+    else if (line.window()->focusWidget() != &line)
         line.setCursorPosition(0); // a long text shows its beginning
     else
         line.setCursorPosition(atEnd ? static_cast<int>(text.size())
@@ -43,7 +43,7 @@ void writeMemo(QPlainTextEdit& memo, const QString& text) {
     memo.setPlainText(text);
     writingMemo = false;
     QTextCursor place = memo.textCursor();
-    place.setPosition(memo.hasFocus() ? std::min<int>(cursor, static_cast<int>(text.size())) : 0);
+    place.setPosition(memo.window()->focusWidget() == &memo ? std::min<int>(cursor, static_cast<int>(text.size())) : 0);
     memo.setTextCursor(place);
 }
 
