@@ -17,6 +17,7 @@ using platform::Status;
 struct SqliteDatabase {
     sqlite3* handle = nullptr; // null: closed
     int waiting = -1;          // what the engine was told last, seconds
+    double waitingSince = 0;   // for a busy database
     int running = 0;
     double deadline = 0; // of the statement that runs now
     std::vector<SqliteResult*> live;
@@ -46,6 +47,18 @@ int lateForDeadline(void* database) {
 
 void startTiming(SqliteDatabase& database) {
     if (database.running > 0) database.deadline = platform::secondsRunning() + database.running;
+}
+
+// The engine's own waiting sleeps ever longer, so that of two processes that write again and again one could wait for
+// all that the other has to do.
+int waitForTurn(void* waiting, int tries) {
+    constexpr int pause = 2; // milliseconds, less than one write to a disk takes
+    auto& database = *static_cast<SqliteDatabase*>(waiting);
+    const double now = platform::secondsRunning();
+    if (tries == 0) database.waitingSince = now;
+    if (now - database.waitingSince >= database.waiting) return 0;
+    sqlite3_sleep(pause);
+    return 1;
 }
 
 void forget(SqliteResult& result) {
@@ -221,7 +234,7 @@ void SqliteConnection::close() {
 }
 
 void SqliteConnection::limit(int waiting, int running) {
-    if (database->waiting != waiting) sqlite3_busy_timeout(database->handle, waiting * 1000);
+    if (database->waiting != waiting) sqlite3_busy_handler(database->handle, waitForTurn, database.get());
     if (database->running != running)
         sqlite3_progress_handler(database->handle, stepsBetweenLooks, running > 0 ? lateForDeadline : nullptr,
                                  database.get());
