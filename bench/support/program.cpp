@@ -44,7 +44,7 @@ void openOrEnd() {
     std::exit(2);
 }
 
-std::vector<Sent> sentBy(void (*action)()) {
+std::vector<Sent> sentBy(const std::function<void()>& action) {
     journal::start();
     action();
     journal::stop();

@@ -5,6 +5,7 @@
 #include "support/raw.hpp"
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,7 +39,7 @@ struct Sent {
     bool local = false;
     std::string text;
 };
-std::vector<Sent> sentBy(void (*action)()); // in order
+std::vector<Sent> sentBy(const std::function<void()>& action); // in order
 
 // The statements by the engine's own interface, on the files of the installation.
 class Replay {
