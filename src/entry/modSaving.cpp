@@ -39,6 +39,14 @@ DateWindow dateWindow() {
             closingMonthEnd(text::dateText(text::dateFromParts(end.year + 2, end.month, 1)))};
 }
 
+// The wait dialog stands in front as long as this lives, also when an error ends the write.
+struct Waiting {
+    Waiting() { showWaitDialog(); }
+    ~Waiting() { closeWaitDialog(); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+};
+
 void refuse() {
     screen::message("操作権限がありません。");
     screen::setFocus(*rosterSession.lastLeftField);
@@ -100,7 +108,7 @@ void saveEntry() {
     }
     if (confirmSave(installation.programId, "") == 2) return screen::setFocus(*rosterSession.lastLeftField);
     {
-        const WaitDialog wait;
+        const Waiting wait;
         writeEntry();
         if (rosterSession.printChoice == 0) printAfterSave();
         clearScreen();
@@ -126,7 +134,7 @@ void pressDelete(screen::Control&) {
     if (!mayAct(3)) return refuse();
     if (!confirmDelete()) return screen::setFocus(*rosterSession.lastLeftField);
     {
-        const WaitDialog wait;
+        const Waiting wait;
         rosterSession.operationKind = "2";
         deleteAddressee();
         clearScreen();

@@ -3,9 +3,13 @@
 #include "screen/frontend.hpp"
 #include "screen/window.hpp"
 
+#include <memory>
+
 namespace kestrel {
 
 using namespace screen;
+
+namespace {
 
 struct Msgお待ち {
     Window window{"msgお待ち"};
@@ -17,14 +21,19 @@ struct Msgお待ち {
                                            .place = {360, 660, 3780, 330}});
 };
 
-WaitDialog::WaitDialog() : dialog(std::make_unique<Msgお待ち>()) {
+std::unique_ptr<Msgお待ち> dialog;
+
+} // namespace
+
+void showWaitDialog() {
+    if (!dialog) dialog = std::make_unique<Msgお待ち>();
     setSize(dialog->window, 4500, 1230);
     show(dialog->window);
     frontend::repaint();
 }
 
-WaitDialog::~WaitDialog() {
-    unload(dialog->window);
+void closeWaitDialog() {
+    if (dialog) unload(dialog->window);
 }
 
 } // namespace kestrel
