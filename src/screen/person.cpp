@@ -63,6 +63,12 @@ bool moveSelection(Control& control, Key which) {
     return true;
 }
 
+// The arrows turn the pages of a tab strip.
+bool movePage(Control& tab, Key which) {
+    if (tab.kind != Kind::SSTab || (which != Key::Left && which != Key::Right)) return false;
+    return turnPage(tab, tab.value + (which == Key::Left ? -1 : 1));
+}
+
 void enterKey(Window& window, Control* focused) {
     if (focused && isButton(*focused))
         pressByKey(*focused);
@@ -91,7 +97,7 @@ void ownEffect(Window& window, Control* focused, Key which) {
         if (focused && isButton(*focused)) pressByKey(*focused);
         break;
     default:
-        if (focused) moveSelection(*focused, which);
+        if (focused && !movePage(*focused, which)) moveSelection(*focused, which);
     }
 }
 
@@ -109,8 +115,13 @@ bool press(Control& control) {
     return true;
 }
 
+// Two quick presses of a button are two presses: nobody who steps through records fast loses one.
 bool pressTwice(Control& control) {
     if (!press(control)) return false;
+    if (isButton(control)) {
+        press(control);
+        return true;
+    }
     if (stillUsable(control)) raise({control, Event::doubleClick});
     return true;
 }
@@ -133,7 +144,8 @@ void key(Window& window, Key which, bool repeat) {
 bool choose(Control& dropDown, int index) {
     if (!canPress(dropDown) || index < 0 || index >= static_cast<int>(dropDown.items.size())) return false;
     setFocus(dropDown);
-    if (!stillUsable(dropDown) || dropDown.listIndex == index) return true;
+    // Sent elsewhere by its entry step, its list doesn't stay open to be picked from.
+    if (!stillUsable(dropDown) || dropDown.window->focus != &dropDown || dropDown.listIndex == index) return true;
     setListIndex(dropDown, index);
     raise({dropDown, Event::change});
     return true;

@@ -28,7 +28,8 @@ struct Settings {
 
 class Connection {
 public:
-    Connection() = default; // nothing is open
+    Connection() = default;                              // nothing is open
+    explicit Connection(Role itsRole) : role(itsRole) {} // likewise; what is sent to it is told as that one's
     bool isOpen() const { return engine.index() != 0; }
     void close(); // harmless when nothing is open
 
