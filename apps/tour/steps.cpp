@@ -67,9 +67,8 @@ void memo(std::string_view field) {
 }
 
 void wait(std::string_view pictureName) {
-    showWaitDialog();
+    const WaitDialog shown;
     picture(pictureName);
-    closeWaitDialog();
 }
 
 struct Step {

@@ -112,6 +112,7 @@ void leaveAddresseeNo(screen::Control& field, const FieldRule&) {
 void leavePostalCode(screen::Control& field, const FieldRule&) {
     const int result = changePostalCode(field.text);
     if (result == 1) return;
+    if (result == 9) return showNotice("正しいコードを入力してください。"); // a hook: no code comes to this
     if (result == -1)
         takePostalCode();
     else

@@ -3,13 +3,9 @@
 #include "screen/frontend.hpp"
 #include "screen/window.hpp"
 
-#include <memory>
-
 namespace kestrel {
 
 using namespace screen;
-
-namespace {
 
 struct Msgお待ち {
     Window window{"msgお待ち"};
@@ -21,19 +17,14 @@ struct Msgお待ち {
                                            .place = {240, 690, 4020, 330}});
 };
 
-std::unique_ptr<Msgお待ち> dialog;
-
-} // namespace
-
-void showWaitDialog() {
-    if (!dialog) dialog = std::make_unique<Msgお待ち>();
+WaitDialog::WaitDialog() : dialog(std::make_unique<Msgお待ち>()) {
     setSize(dialog->window, 4500, 1260);
     show(dialog->window);
     frontend::repaint();
 }
 
-void closeWaitDialog() {
-    if (dialog) unload(dialog->window);
+WaitDialog::~WaitDialog() {
+    unload(dialog->window);
 }
 
 } // namespace kestrel

@@ -14,7 +14,6 @@ bool openProgram();     // false: the databases can't be used; nothing is raised
 bool loadStartValues(); // the company profile, today's date; true when the profile could be read
 void closeProgram();    // end lines, connections closed; harmless after a failed openProgram()
 void loadLinkedEntry(); // the handed-down record; a roster that isn't there gives a new entry
-bool loadStartValues(); // company profile and today's date; false: no profile
 void newEntryScreen();  // an empty new entry that keeps the roster date
 void requestExit();     // the single exit decision: asks, and ends the process unless it is refused
 
