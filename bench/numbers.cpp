@@ -22,17 +22,36 @@ std::string listOf(const bench::Installation& place, int process) {
     return (place.root / ("numbers-" + std::to_string(process))).string();
 }
 
-void draw(const bench::Installation& place, int process) {
+// Nobody draws before everybody is ready: each one says so, and waits until the other end of the start is closed.
+struct Line {
+    int ready[2], start[2];
+};
+
+bool lineUp(const Line& line) {
+    char byte = 0;
+    close(line.start[1]);
+    return write(line.ready[1], &byte, 1) == 1 && read(line.start[0], &byte, 1) == 0;
+}
+
+void letStart(const Line& line) {
+    char byte = 0;
+    for (int process = 0; process < processes; ++process)
+        if (read(line.ready[0], &byte, 1) != 1) std::exit(2);
+    close(line.start[1]);
+}
+
+void draw(const bench::Installation& place, int process, const Line& line) {
     bench::openOrEnd();
     const std::string base = numberBaseDate(rosterRegister, std::string(bench::sampleDay));
     std::ofstream list(listOf(place, process));
+    if (!lineUp(line)) return;
     for (int i = 0; i < draws; ++i) list << takeNextNumber(rosterRegister, base, "000") << "\n";
 }
 
-pid_t startDrawing(const bench::Installation& place, int process) {
+pid_t startDrawing(const bench::Installation& place, int process, const Line& line) {
     const pid_t id = fork();
     if (id != 0) return id;
-    draw(place, process);
+    draw(place, process, line);
     _exit(0);
 }
 
@@ -43,7 +62,7 @@ std::vector<std::string> drawnBy(const bench::Installation& place, int process) 
     return numbers;
 }
 
-// One after the other would prove nothing.
+// One behind the other would prove nothing.
 bool atTheSameTime(const std::vector<std::string>& a, const std::vector<std::string>& b) {
     return !a.empty() && !b.empty() && a.front() < b.back() && b.front() < a.back();
 }
@@ -52,9 +71,12 @@ bool atTheSameTime(const std::vector<std::string>& a, const std::vector<std::str
 
 int main() {
     const bench::Installation place(setup::What::minimal, bench::Where::disk);
-    const double begin = platform::secondsRunning();
+    Line line;
+    if (pipe(line.ready) != 0 || pipe(line.start) != 0) return 2;
     pid_t ids[processes];
-    for (int process = 0; process < processes; ++process) ids[process] = startDrawing(place, process);
+    for (int process = 0; process < processes; ++process) ids[process] = startDrawing(place, process, line);
+    letStart(line);
+    const double begin = platform::secondsRunning();
     for (const pid_t id : ids) waitpid(id, nullptr, 0);
     const double seconds = platform::secondsRunning() - begin;
     const std::vector<std::string> first = drawnBy(place, 0), second = drawnBy(place, 1);

@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
@@ -24,7 +25,7 @@ using namespace kestrel;
 
 namespace {
 
-constexpr int rounds = 15;
+constexpr int rounds = 21;
 constexpr double limit = 80; // milliseconds
 
 // What the child tells its parent when the window is there; it then ends without tidying up.
@@ -92,35 +93,51 @@ Shown shownAfter(const char* program, const char* word, const std::string& folde
     std::exit(2);
 }
 
-struct Column {
-    std::vector<double> empty, form, difference;
-    void add(double emptyWindow, double entryForm) {
-        empty.push_back(emptyWindow);
-        form.push_back(entryForm);
-        difference.push_back(entryForm - emptyWindow);
-    }
-    int tell(const std::string& what) const {
-        const double above = bench::median(difference);
-        return bench::tell(what, bench::withUnit(bench::median(form), "ms"),
-                           bench::withUnit(bench::median(empty), "ms"), bench::withUnit(above, "ms"),
-                           bench::withUnit(limit, "ms"), above <= limit);
-    }
+using Times = std::vector<double>;
+
+// Other programs can only make a start longer: the quickest one is what the start itself takes.
+double quickest(const Times& times) {
+    return *std::min_element(times.begin(), times.end());
+}
+
+struct Starts {
+    Times emptyWaited, formWaited, emptyUsed, formUsed;
 };
 
-int measure(const char* program) {
-    const bench::Installation place(setup::What::full, bench::Where::disk);
+Starts measured(const char* program, bench::Where where) {
+    const bench::Installation place(setup::What::full, where);
     const std::string folder = (place.root / "prgbin").string();
-    Column waited, used;
-    for (int round = 0; round <= rounds; ++round) {
+    Starts starts;
+    for (int round = 0; round < rounds; ++round) {
         const Shown empty = shownAfter(program, "empty", folder);
         const Shown form = shownAfter(program, "form", folder);
-        if (round == 0) continue; // warms up what the machine keeps of files
-        waited.add(empty.waited, form.waited);
-        used.add(empty.used, form.used);
+        starts.emptyWaited.push_back(empty.waited);
+        starts.formWaited.push_back(form.waited);
+        starts.emptyUsed.push_back(empty.used);
+        starts.formUsed.push_back(form.used);
     }
-    const int byTheClock = waited.tell("start to the form shown, above an empty window");
-    const int ofTheProcessor = used.tell("  the same in processor time");
-    return byTheClock | ofTheProcessor;
+    return starts;
+}
+
+std::string inMilliseconds(double time) {
+    return bench::withUnit(time, "ms");
+}
+
+int tell(const std::string& what, double form, double empty) {
+    return bench::tell(what, inMilliseconds(form), inMilliseconds(empty), inMilliseconds(form - empty),
+                       inMilliseconds(limit), form - empty <= limit);
+}
+
+// A start waits seven times for the disk to have something for sure, however long a disk takes for that.
+int measure(const char* program) {
+    const Starts starts = measured(program, bench::Where::memory), onDisk = measured(program, bench::Where::disk);
+    const int byTheClock = tell("start to the form shown, above an empty window", quickest(starts.formWaited),
+                                quickest(starts.emptyWaited));
+    const int used = tell("  its processor time", bench::median(starts.formUsed), bench::median(starts.emptyUsed));
+    const double form = quickest(onDisk.formWaited), empty = quickest(onDisk.emptyWaited);
+    bench::note("  with the installation on the disk", inMilliseconds(form), inMilliseconds(empty),
+                inMilliseconds(form - empty));
+    return byTheClock | used;
 }
 
 } // namespace

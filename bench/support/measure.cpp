@@ -18,11 +18,20 @@ std::string asRatio(double value) {
     return formatted("%.2f x", value);
 }
 
+static void writeRow(const std::string& what, const std::string& ours, const std::string& against,
+                     const std::string& figure, const std::string& limit, const char* verdict) {
+    std::printf("%-46s %12s %12s %14s %10s  %s\n", what.c_str(), ours.c_str(), against.c_str(), figure.c_str(),
+                limit.c_str(), verdict);
+    std::fflush(stdout);
+}
+
+void note(const std::string& what, const std::string& ours, const std::string& against, const std::string& figure) {
+    writeRow(what, ours, against, figure, "", "");
+}
+
 int tell(const std::string& what, const std::string& ours, const std::string& against, const std::string& figure,
          const std::string& limit, bool held) {
-    std::printf("%-46s %12s %12s %12s %12s  %s\n", what.c_str(), ours.c_str(), against.c_str(), figure.c_str(),
-                limit.c_str(), held ? "held" : "EXCEEDED");
-    std::fflush(stdout);
+    writeRow(what, ours, against, figure, limit, held ? "held" : "EXCEEDED");
     return held ? 0 : 1;
 }
 

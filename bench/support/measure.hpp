@@ -48,10 +48,13 @@ template <class Ours, class Theirs> Comparison compare(int rounds, int steps, Ou
     return {median(first), median(second), median(ratios)};
 }
 
-// Writes one line of the table; its five columns as texts. The exit status: 0 when the limit was held.
+// Each writes one line of the table, its columns as texts. The exit status: 0 when the limit was held.
 int tell(const std::string& what, const std::string& ours, const std::string& against, const std::string& figure,
          const std::string& limit, bool held);
 int tell(const std::string& what, const Comparison& comparison, double limit); // held: the ratio is at most the limit
+
+void note(const std::string& what, const std::string& ours, const std::string& against,
+          const std::string& figure); // of what has no limit
 
 std::string withUnit(double value, const char* unit); // "12.3 us"
 std::string asRatio(double value);                    // "1.23 x"

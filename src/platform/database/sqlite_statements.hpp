@@ -12,9 +12,8 @@ class KeptStatements {
 public:
     // The compiled statement of exactly this text, no longer kept; null when there is none.
     sqlite3_stmt* take(std::string_view sql);
-    // Keeps a statement that nobody reads any more, or lets it go for good: only a SELECT means the same at each run,
-    // and of many the one that was not asked for longest goes. When the tables have changed meanwhile, the engine
-    // compiles it anew by itself.
+    // Keeps a statement that nobody reads any more; of many the one that was not asked for longest goes for good. When
+    // the tables have changed meanwhile, the engine compiles it anew by itself.
     void give(sqlite3_stmt* statement);
     void clear();
 
