@@ -1,4 +1,6 @@
 // The run: what the person at the program does.
+#include "lists/listFrame.hpp"
+#include "lists/listWindows.hpp"
 #include "platform/journal.hpp"
 #include "scenario/calls.hpp"
 #include "scenario/names.hpp"
@@ -10,6 +12,7 @@
 #include "scenario/tables.hpp"
 #include "screen/hand.hpp"
 #include "screen/message.hpp"
+#include "session/rosterSession.hpp"
 
 #include <algorithm>
 #include <array>
@@ -141,6 +144,15 @@ void setProperty(const Arguments& arguments) {
     writeProperty(*subject.control, subject.property, arguments[1]);
 }
 
+// As the entry form opens one.
+void openWindow(const Arguments& arguments) {
+    const ListSpec* spec = findListSpec(arguments[0]);
+    if (!spec) throw ScenarioError("no list window " + arguments[0]);
+    Control& target = controlNamed(arguments[1]);
+    screen::setEnabled(*rosterSession.currentForm, false);
+    openList(*spec, arguments[2], target, target);
+}
+
 constexpr unsigned act = whileRunning | atRest | action;
 constexpr unsigned actAtBox = whileRunning | action;
 
@@ -164,6 +176,8 @@ constexpr std::array verbs{
     Verb{"call", "wm", whileRunning | action, callOperation},
     Verb{"session", "wt", whileRunning, setSession},
     Verb{"set", "ww", whileRunning, setProperty},
+    Verb{"handover", "t", whileRunning, [](const Arguments& a) { handedOverCondition = a[0]; }},
+    Verb{"open", "wwt", act, openWindow},
 };
 
 } // namespace
