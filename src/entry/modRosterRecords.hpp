@@ -5,6 +5,8 @@
 
 namespace kestrel {
 
+inline constexpr std::string_view rosterRegister = "16310"; // the register of roster numbers
+
 bool readRosterHeader(std::string_view office, std::string_view baseDate, std::string_view rosterNo); // row stays open
 void takeRosterHeader();                                                                              // closes it
 void clearRosterHeader();
