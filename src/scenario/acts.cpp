@@ -1,5 +1,7 @@
 // The run: what the person at the program does.
 #include "entry/wnd摘要.hpp"
+#include "lists/listFrame.hpp"
+#include "lists/listWindows.hpp"
 #include "platform/journal.hpp"
 #include "scenario/calls.hpp"
 #include "scenario/names.hpp"
@@ -143,18 +145,27 @@ void setProperty(const Arguments& arguments) {
     writeProperty(*subject.control, subject.property, arguments[1]);
 }
 
-// The windows that no control of the program opens.
+// The windows that no control of the program opens, beside the list windows.
 struct Opened {
     std::string_view window;
     void (*show)();
 };
 constexpr std::array openedWindows{Opened{"wnd摘要", showMemoWindow}};
 
+// As the entry form opens one.
+void openListWindow(const ListSpec& spec, const std::string& condition, Control& target) {
+    screen::setEnabled(*rosterSession.currentForm, false);
+    openList(spec, condition, target, target);
+}
+
 void openWindow(const Arguments& arguments) {
     const auto found = std::find_if(openedWindows.begin(), openedWindows.end(),
                                     [&](const Opened& row) { return row.window == arguments[0]; });
-    if (found == openedWindows.end()) throw ScenarioError("no window " + arguments[0] + " to open");
-    rosterSession.lookupTarget = &controlNamed(arguments[1]);
+    const ListSpec* spec = findListSpec(arguments[0]);
+    if (found == openedWindows.end() && !spec) throw ScenarioError("no window " + arguments[0] + " to open");
+    Control& target = controlNamed(arguments[1]);
+    if (spec) return openListWindow(*spec, arguments[2], target);
+    rosterSession.lookupTarget = &target;
     rosterSession.lookupCondition = arguments[2];
     found->show();
 }
@@ -182,6 +193,7 @@ constexpr std::array verbs{
     Verb{"call", "wm", whileRunning | action, callOperation},
     Verb{"session", "wt", whileRunning, setSession},
     Verb{"set", "ww", whileRunning, setProperty},
+    Verb{"handover", "t", whileRunning, [](const Arguments& a) { handedOverCondition = a[0]; }},
     Verb{"open", "wwt", act, openWindow},
 };
 
