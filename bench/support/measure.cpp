@@ -1,4 +1,4 @@
-#include "support/measure.hpp"
+#include "measure.hpp"
 
 #include <cstdio>
 

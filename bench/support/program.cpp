@@ -1,4 +1,4 @@
-#include "support/program.hpp"
+#include "program.hpp"
 
 #include "platform/clock.hpp"
 #include "platform/identity.hpp"

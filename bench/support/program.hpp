@@ -1,8 +1,8 @@
 // The program on an installation of its own, as the benchmarks need it, and the statements that it sends.
 #pragma once
 
+#include "raw.hpp"
 #include "setup/installation.hpp"
-#include "support/raw.hpp"
 
 #include <filesystem>
 #include <functional>

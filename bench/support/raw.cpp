@@ -1,4 +1,4 @@
-#include "support/raw.hpp"
+#include "raw.hpp"
 
 #include <cstdio>
 #include <cstdlib>

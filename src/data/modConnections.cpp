@@ -5,6 +5,7 @@
 #include "data/modFiles.hpp"
 #include "data/modGateway.hpp"
 #include "data/modHistory.hpp"
+#include "entry/msgお待ち.hpp"
 #include "platform/database/files.hpp"
 #include "platform/identity.hpp"
 #include "platform/paths.hpp"
@@ -259,6 +260,7 @@ void preparePerUserFiles() {
     const std::string reportDatabase = platform::joinPath(installation.localReportFolder, "repdb" + extension);
     makeFolderPath(reportDatabase);
     if (fileExists(reportDatabase)) return; // an existing user keeps the files, also when one of them is missing
+    const WaitDialog wait;
     std::vector<std::string> names = {"repdb" + extension, "repfrmdb" + extension};
     if (installation.repdbKind == 2) names.push_back("repfrmdb.accdb");
     for (const auto& name : names) copyLocalFile(name, installation.reportFolder, installation.localReportFolder);

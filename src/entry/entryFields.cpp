@@ -78,8 +78,14 @@ void leaveTelephone(screen::Control& field, const FieldRule& rule) {
     showEntry();
 }
 
+// A number is shown as masked, also when it is the one that stood there.
+std::string takeMasked(screen::Control& field, std::string_view mask) {
+    screen::setText(field, formatToMask(field.text, mask));
+    return field.text;
+}
+
 void leaveRosterNo(screen::Control& field, const FieldRule&) {
-    const int result = changeRosterNo(formatToMask(field.text, "00000000"));
+    const int result = changeRosterNo(takeMasked(field, "00000000"));
     if (result == -1) {
         takeRosterHeader();
         assignNextAddresseeNo();
@@ -93,7 +99,7 @@ void leaveRosterNo(screen::Control& field, const FieldRule&) {
 }
 
 void leaveAddresseeNo(screen::Control& field, const FieldRule&) {
-    const int result = changeAddresseeNo(formatToMask(field.text, "000000"));
+    const int result = changeAddresseeNo(takeMasked(field, "000000"));
     if (result == 1) return;
     if (result == -1)
         takeAddressee();
@@ -106,6 +112,7 @@ void leaveAddresseeNo(screen::Control& field, const FieldRule&) {
 void leavePostalCode(screen::Control& field, const FieldRule&) {
     const int result = changePostalCode(field.text);
     if (result == 1) return;
+    if (result == 9) return showNotice("正しいコードを入力してください。"); // a hook: no code comes to this
     if (result == -1)
         takePostalCode();
     else
@@ -155,15 +162,15 @@ const FieldRule& ruleOf(const screen::Control& field) {
 }
 
 // A number and the list beside it are two views of one value.
-struct ClassPair {
-    screen::Control &number, &list;
+struct ClassValue {
+    screen::Control& number;
     std::int16_t RosterSession::*value;
 };
-ClassPair pairOf(const screen::Control& part) {
+ClassValue classOf(const screen::Control& part) {
     Frm連絡台帳入力& form = entryForm();
     if (&part == &form.法人個人区分 || &part == &form.法人個人区分名称)
-        return {form.法人個人区分, form.法人個人区分名称, &RosterSession::法人個人区分};
-    return {form.発送区分, form.発送区分名称, &RosterSession::発送区分};
+        return {form.法人個人区分, &RosterSession::法人個人区分};
+    return {form.発送区分, &RosterSession::発送区分};
 }
 
 } // namespace
@@ -184,18 +191,17 @@ void checkLength(screen::Control& field) {
 }
 
 void changeClass(screen::Control& number) {
-    const ClassPair pair = pairOf(number);
-    screen::setListIndex(pair.list, pair.number.value);
-    std::int16_t& value = rosterSession.*pair.value;
-    if (value != pair.number.value) {
+    const ClassValue shown = classOf(number);
+    std::int16_t& value = rosterSession.*shown.value;
+    if (value != shown.number.value) {
         rosterSession.dirty = true;
-        value = static_cast<std::int16_t>(pair.number.value);
+        value = static_cast<std::int16_t>(shown.number.value);
     }
-    refreshScreen();
+    refreshScreen(); // brings the list along
 }
 
 void pickClass(screen::Control& list) {
-    screen::setValue(pairOf(list).number, list.listIndex);
+    screen::setValue(classOf(list).number, list.listIndex);
 }
 
 // A date in another span of the register proposes another number, also for a saved addressee; the register isn't

@@ -57,6 +57,7 @@ constexpr std::array formTable{
     screen::Binding{"btn_登録", Event::click, note},
     screen::Binding{"btn_画面クリア", Event::click, askAndClose},
     screen::Binding{"itm_ttl_名称", Event::click, note},
+    screen::Binding{"bak_頁", Event::click, note},
     screen::Binding{"tab_詳細", Event::click, note},
     screen::Binding{"List書類", Event::click, note},
     screen::Binding{"List書類", Event::doubleClick, note},
@@ -110,6 +111,7 @@ void addPages(screen::Window& form) {
         placeOnPage(control, tab, 0);
         return control;
     };
+    page0({.name = "bak_頁", .kind = Kind::SSPanel, .place = {150, 1600, 5000, 2150}});
     page0({.name = "itm_ttl_名称", .kind = Kind::SSPanel, .caption = "法人名称", .place = {240, 1680, 1200, 330}});
     page0({.name = "名称",
            .kind = Kind::xField,

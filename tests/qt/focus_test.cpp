@@ -1,4 +1,5 @@
 #include "form_test.hpp"
+#include "frontend/qt/events.hpp"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -122,6 +123,19 @@ TEST_F(FocusTest, ARealPressOnABlockedWindowDoesNothing) {
     EXPECT_TRUE(demo::happened.empty());
 }
 
+TEST_F(FocusTest, ThePressAWindowRefusesMovesNoFocus) {
+    focusOn("名称");
+    form->blocked = true;
+    const QPoint point = widget<QLineEdit>("電話").mapTo(&top(), QPoint(5, 5));
+    frontend::clickAt(top(), point);
+    EXPECT_EQ(top().focusWidget(), &widget<QLineEdit>("名称"));
+}
+
+TEST_F(FocusTest, AGroundIsPressedBesideWhatLiesOnIt) {
+    EXPECT_TRUE(hand::click(control("bak_頁")));
+    EXPECT_EQ(demo::happened, (Lines{"click bak_頁"}));
+}
+
 TEST_F(FocusTest, PagesTurnByTheirCaptionsAndByTheArrows) {
     EXPECT_TRUE(hand::page(control("tab_詳細"), 2));
     EXPECT_EQ(hand::shownValue(control("tab_詳細")), 2);
@@ -154,6 +168,8 @@ TEST_F(FocusTest, EverythingHasASpokenName) {
     EXPECT_EQ(widget<QLineEdit>("年").accessibleName(), "登録日付");
     EXPECT_EQ(widget<QLineEdit>("コード").accessibleName(), "担当者");
     EXPECT_EQ(widget<QLineEdit>("電話").accessibleName(), "ＴＥＬ");
+    EXPECT_EQ(widget<QLineEdit>("暗証番号").accessibleName(), "個人・法人");
+    EXPECT_EQ(widget<QLineEdit>("名称カナ").accessibleName(), "個人・法人");
     EXPECT_EQ(widget<QPushButton>("btn_登録").accessibleName(), "登録");
 }
 

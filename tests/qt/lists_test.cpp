@@ -1,6 +1,7 @@
 #include "form_test.hpp"
 
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QTableView>
 
 namespace kestrel {
@@ -40,6 +41,19 @@ TEST_F(ListsTest, APressOnARowSelectsIt) {
     EXPECT_EQ(hand::shownSelected(control("List書類")), 1);
     EXPECT_EQ(demo::happened, (Lines{"click List書類"}));
     EXPECT_EQ(focusName(), "List書類");
+}
+
+TEST_F(ListsTest, APressLetGoOnAnotherRowIsNone) {
+    auto& table = widget<QTableView>("List書類");
+    const auto send = [&](QEvent::Type type, int row) {
+        const QPointF point = table.visualRect(table.model()->index(row, 0)).center();
+        QMouseEvent event(type, point, point, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(table.viewport(), &event);
+    };
+    send(QEvent::MouseButtonPress, 0);
+    send(QEvent::MouseButtonRelease, 1);
+    EXPECT_TRUE(demo::happened.empty());
+    EXPECT_EQ(hand::shownSelected(control("List書類")), -1);
 }
 
 TEST_F(ListsTest, TwoPressesOpenTheRow) {

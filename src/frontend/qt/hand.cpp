@@ -33,7 +33,7 @@ using screen::Control;
 
 // What a person can press: the model agrees, and on the screen nothing lies over it.
 std::optional<QPoint> pressPoint(const Control& control, QWidget* part) {
-    if (!part || frontend::dialogWaiting() || !canPress(control)) return std::nullopt;
+    if (!part || !canPress(control)) return std::nullopt;
     return frontend::reachablePoint(*part);
 }
 
