@@ -6,6 +6,7 @@
 #include "entry/entryBindings.hpp"
 #include "entry/entryButtons.hpp"
 #include "entry/frm連絡台帳入力.hpp"
+#include "lists/listFrame.hpp"
 #include "screen/focus.hpp"
 #include "session/companyValues.hpp"
 #include "session/modStart.hpp"
@@ -83,6 +84,7 @@ screen::Control& entryControl(std::string_view name) {
 }
 
 void makeEntryForm() {
+    forgetLists();
     holder() = std::make_unique<Frm連絡台帳入力>();
     screen::Window& window = holder()->window;
     window.bindings = entryBindings();
