@@ -1,5 +1,7 @@
 // The run: what the person at the program does.
 #include "entry/wnd摘要.hpp"
+#include "lists/listFrame.hpp"
+#include "lists/listWindows.hpp"
 #include "platform/journal.hpp"
 #include "scenario/calls.hpp"
 #include "scenario/names.hpp"
@@ -150,7 +152,15 @@ struct Opened {
 };
 constexpr std::array openedWindows{Opened{"wnd摘要", showMemoWindow}};
 
+// As the entry form opens one.
+void openListWindow(const ListSpec& list, const Arguments& arguments) {
+    Control& target = controlNamed(arguments[1]);
+    screen::setEnabled(*rosterSession.currentForm, false);
+    openList(list, arguments[2], target, target);
+}
+
 void openWindow(const Arguments& arguments) {
+    if (const ListSpec* list = findListSpec(arguments[0])) return openListWindow(*list, arguments);
     const auto found = std::find_if(openedWindows.begin(), openedWindows.end(),
                                     [&](const Opened& row) { return row.window == arguments[0]; });
     if (found == openedWindows.end()) throw ScenarioError("no window " + arguments[0] + " to open");
@@ -182,6 +192,7 @@ constexpr std::array verbs{
     Verb{"call", "wm", whileRunning | action, callOperation},
     Verb{"session", "wt", whileRunning, setSession},
     Verb{"set", "ww", whileRunning, setProperty},
+    Verb{"handover", "t", whileRunning, [](const Arguments& a) { handedOverCondition = a[0]; }},
     Verb{"open", "wwt", act, openWindow},
 };
 

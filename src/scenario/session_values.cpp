@@ -81,6 +81,8 @@ const Row rows[] = {
     {"lookupCondition", &rosterSession.lookupCondition},
     {"lookupTarget", &rosterSession.lookupTarget},
     {"lookupNextControl", &rosterSession.lookupNextControl},
+    {"lookupParent", &rosterSession.lookupParent},
+    {"lookupNested", &rosterSession.lookupNested},
     {"lastLeftField", &rosterSession.lastLeftField},
     {"lastEnteredField", &rosterSession.lastEnteredField},
     {"firstField", &rosterSession.firstField},
