@@ -145,7 +145,7 @@ void setProperty(const Arguments& arguments) {
     writeProperty(*subject.control, subject.property, arguments[1]);
 }
 
-// The windows that no control of the program opens, beside the list windows.
+// The windows that no control of the program opens.
 struct Opened {
     std::string_view window;
     void (*show)();
@@ -153,19 +153,18 @@ struct Opened {
 constexpr std::array openedWindows{Opened{"wnd摘要", showMemoWindow}};
 
 // As the entry form opens one.
-void openListWindow(const ListSpec& spec, const std::string& condition, Control& target) {
+void openListWindow(const ListSpec& list, const Arguments& arguments) {
+    Control& target = controlNamed(arguments[1]);
     screen::setEnabled(*rosterSession.currentForm, false);
-    openList(spec, condition, target, target);
+    openList(list, arguments[2], target, target);
 }
 
 void openWindow(const Arguments& arguments) {
+    if (const ListSpec* list = findListSpec(arguments[0])) return openListWindow(*list, arguments);
     const auto found = std::find_if(openedWindows.begin(), openedWindows.end(),
                                     [&](const Opened& row) { return row.window == arguments[0]; });
-    const ListSpec* spec = findListSpec(arguments[0]);
-    if (found == openedWindows.end() && !spec) throw ScenarioError("no window " + arguments[0] + " to open");
-    Control& target = controlNamed(arguments[1]);
-    if (spec) return openListWindow(*spec, arguments[2], target);
-    rosterSession.lookupTarget = &target;
+    if (found == openedWindows.end()) throw ScenarioError("no window " + arguments[0] + " to open");
+    rosterSession.lookupTarget = &controlNamed(arguments[1]);
     rosterSession.lookupCondition = arguments[2];
     found->show();
 }
