@@ -155,15 +155,15 @@ const FieldRule& ruleOf(const screen::Control& field) {
 }
 
 // A number and the list beside it are two views of one value.
-struct ClassPair {
-    screen::Control &number, &list;
+struct ClassValue {
+    screen::Control& number;
     std::int16_t RosterSession::*value;
 };
-ClassPair pairOf(const screen::Control& part) {
+ClassValue classOf(const screen::Control& part) {
     Frm連絡台帳入力& form = entryForm();
     if (&part == &form.法人個人区分 || &part == &form.法人個人区分名称)
-        return {form.法人個人区分, form.法人個人区分名称, &RosterSession::法人個人区分};
-    return {form.発送区分, form.発送区分名称, &RosterSession::発送区分};
+        return {form.法人個人区分, &RosterSession::法人個人区分};
+    return {form.発送区分, &RosterSession::発送区分};
 }
 
 } // namespace
@@ -184,18 +184,17 @@ void checkLength(screen::Control& field) {
 }
 
 void changeClass(screen::Control& number) {
-    const ClassPair pair = pairOf(number);
-    screen::setListIndex(pair.list, pair.number.value);
-    std::int16_t& value = rosterSession.*pair.value;
-    if (value != pair.number.value) {
+    const ClassValue shown = classOf(number);
+    std::int16_t& value = rosterSession.*shown.value;
+    if (value != shown.number.value) {
         rosterSession.dirty = true;
-        value = static_cast<std::int16_t>(pair.number.value);
+        value = static_cast<std::int16_t>(shown.number.value);
     }
-    refreshScreen();
+    refreshScreen(); // brings the list along
 }
 
 void pickClass(screen::Control& list) {
-    screen::setValue(pairOf(list).number, list.listIndex);
+    screen::setValue(classOf(list).number, list.listIndex);
 }
 
 // A date in another span of the register proposes another number, also for a saved addressee; the register isn't

@@ -2,6 +2,7 @@
 
 #include "calendar/modFiscalDates.hpp"
 #include "data/modGateway.hpp"
+#include "data/modHistory.hpp"
 #include "numbering/counters.hpp"
 #include "platform/clock.hpp"
 #include "screen/message.hpp"
@@ -94,9 +95,24 @@ std::string drawn(const Draw& request, bool byOffice) {
     return next;
 }
 
+// Reading and writing as one, so that two instances never take the same number. A database that doesn't give the right
+// to write leaves the statements to themselves, and they tell what is wrong.
+std::string drawnAlone(const Draw& request, bool byOffice) {
+    database::Connection& connection = connections.mainConnection;
+    if (!connection.beginDraw()) return drawn(request, byOffice);
+    try {
+        const std::string next = drawn(request, byOffice);
+        if (const auto kept = connection.endDraw(true); !kept) writeErrorHistory(kept.failure().description);
+        return next;
+    } catch (...) {
+        (void)connection.endDraw(false);
+        throw;
+    }
+}
+
 std::string drawInScope(const Draw& request, bool byOffice) {
-    const std::string next = drawn(request, byOffice);
-    tellMissing(next);
+    const std::string next = request.take ? drawnAlone(request, byOffice) : drawn(request, byOffice);
+    tellMissing(next); // not before the draw has ended: a box may stand there for long
     return next;
 }
 

@@ -1,5 +1,5 @@
-// The mark is a shared lock on a file of the user's own, one file for each installation root. Whoever asks first takes
-// the gate, so that of several starts at one moment each sees those before it, and then tries for the mark alone.
+// Two files of the user's own for each installation root. A plain start takes the first for itself alone; starts that
+// are exempt from the rule share the second. The locks are the kernel's, so each step is taken whole or not at all.
 #include "platform/instances.hpp"
 
 #include "platform/paths.hpp"
@@ -58,39 +58,41 @@ std::string markPath(std::string_view root) {
     return folder + "/kestrel-" + hashText(error ? std::string(root) : real);
 }
 
+std::string exemptPath(const std::string& path) {
+    return path.empty() ? path : path + ".exempt";
+}
+
 int openLockFile(const std::string& path) {
     return path.empty() ? -1 : open(path.c_str(), O_CREAT | O_RDWR | O_CLOEXEC | O_NOFOLLOW, 0600);
 }
 
-// Whether the mark could be had alone. It is held, alone or shared, in both cases.
-bool takeMark(int mark) {
-    bool alone = flock(mark, LOCK_EX | LOCK_NB) == 0;
-    flock(mark, LOCK_SH);
-    return alone;
+// Only one can have it; whoever asks second is told so at once.
+bool takeFirstPlace(const std::string& path) {
+    state().mark = openLockFile(path);
+    return state().mark < 0 || flock(state().mark, LOCK_EX | LOCK_NB) == 0; // without a place for it nobody is known
 }
 
-// Announces, and answers whether nobody had before. Without a place for the mark nobody is known.
-bool announceAlone(std::string_view root) {
-    withdrawInstance();
-    std::string path = markPath(root);
-    int gate = path.empty() ? -1 : openLockFile(path + ".gate");
-    flock(gate, LOCK_EX);
-    state().mark = openLockFile(path);
-    bool alone = state().mark < 0 || takeMark(state().mark);
-    if (gate >= 0) close(gate);
-    return alone;
+bool hasExemptInstances(const std::string& path) {
+    int file = openLockFile(path);
+    bool held = file >= 0 && flock(file, LOCK_EX | LOCK_NB) != 0;
+    if (file >= 0) close(file);
+    return held;
 }
 
 } // namespace
 
 bool anotherInstanceRuns(std::string_view root) {
-    bool another = !announceAlone(root);
+    withdrawInstance();
+    std::string path = markPath(root);
+    bool another = !takeFirstPlace(path) || hasExemptInstances(exemptPath(path));
     if (another) withdrawInstance(); // a process that is about to give way counts for nobody
     return another || state().pretended;
 }
 
 void announceInstance(std::string_view root) {
-    announceAlone(root);
+    withdrawInstance();
+    state().mark = openLockFile(exemptPath(markPath(root)));
+    if (state().mark >= 0) flock(state().mark, LOCK_SH);
 }
 
 void withdrawInstance() {

@@ -1,13 +1,19 @@
 #include "scenario/calls.hpp"
 
+#include "calendar/modFiscalDates.hpp"
+#include "company/modRights.hpp"
 #include "company/pinCodec.hpp"
 #include "data/modFiles.hpp"
+#include "numbering/modNumbers.hpp"
+#include "numbering/modViewLog.hpp"
 #include "platform/identity.hpp"
 #include "scenario/names.hpp"
 #include "scenario/properties.hpp"
 #include "scenario/report.hpp"
 #include "scenario/scenario_error.hpp"
 #include "session/rosterSession.hpp"
+#include "values/modCondition.hpp"
+#include "values/modFullWidth.hpp"
 #include "values/modTabStop.hpp"
 #include "values/modValues.hpp"
 
@@ -41,7 +47,29 @@ std::string madeFolders(const Arguments& arguments) {
     return "";
 }
 
+std::string takenCondition(const Arguments& arguments) {
+    std::string condition = arguments[1];
+    const std::string value = takeConditionValue(arguments[0], condition);
+    return value + " | " + condition;
+}
+
+std::string writtenView(const Arguments& a) {
+    writeViewRecord(a[0], a[1], a[2], a[3], a[4]);
+    return "";
+}
+
 constexpr std::array operations{
+    Operation{"toFullWidth", 1, [](const Arguments& a) { return toFullWidth(a[0]); }},
+    Operation{"takeConditionValue", 2, takenCondition},
+    Operation{"fiscalYearStart", 1, [](const Arguments& a) { return fiscalYearStart(a[0]); }},
+    Operation{"fiscalYearEnd", 1, [](const Arguments& a) { return fiscalYearEnd(a[0]); }},
+    Operation{"closingMonthEnd", 1, [](const Arguments& a) { return closingMonthEnd(a[0]); }},
+    Operation{"numberBaseDate", 2, [](const Arguments& a) { return numberBaseDate(a[0], a[1]); }},
+    Operation{"peekNextNumber", 3, [](const Arguments& a) { return peekNextNumber(a[0], a[1], a[2]); }},
+    Operation{"takeNextNumber", 3, [](const Arguments& a) { return takeNextNumber(a[0], a[1], a[2]); }},
+    Operation{"writeViewRecord", 5, writtenView},
+    Operation{"checkOperationRight", 3,
+              [](const Arguments& a) { return yesNo(checkOperationRight(a[0], a[1], wholeArgument(a[2]))); }},
     Operation{"truncateToBytes", 2, [](const Arguments& a) { return truncateToBytes(a[0], wholeArgument(a[1])); }},
     Operation{"quoteSqlText", 1, [](const Arguments& a) { return quoteSqlText(a[0]); }},
     Operation{"formatToMask", 2, [](const Arguments& a) { return formatToMask(a[0], a[1]); }},

@@ -125,6 +125,7 @@ int playAll(const Options& options, Program program) {
         count(tally, status);
     }
     if (options.files.size() > 1) write(tally);
+    std::cout.flush();
     return worst;
 }
 

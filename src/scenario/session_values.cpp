@@ -3,6 +3,7 @@
 #include "scenario/names.hpp"
 #include "scenario/properties.hpp"
 #include "scenario/scenario_error.hpp"
+#include "session/companyValues.hpp"
 #include "session/rosterSession.hpp"
 #include "session/sessionValues.hpp"
 
@@ -136,6 +137,20 @@ const Row rows[] = {
     {"社員区分", &staff.社員区分},
     {"accessLevel", &staff.accessLevel},
     {"signedIn", &staff.signedIn},
+    {"名称", &company.名称},
+    {"郵便番号", &company.郵便番号},
+    {"決算月", &company.決算月},
+    {"決算日", &company.決算日},
+    {"締日区分", &company.締日区分},
+    {"締日", &company.締日},
+    {"決済方法", &company.決済方法},
+    {"決済月", &company.決済月},
+    {"決済日", &company.決済日},
+    {"documentFolder", &company.documentFolder},
+    {"伝票番号管理区分", &company.伝票番号管理区分},
+    {"pinRequired", &company.pinRequired},
+    {"officeCount", &company.officeCount},
+    {"officeName", &company.officeName},
 };
 
 const Row& rowNamed(std::string_view name) {

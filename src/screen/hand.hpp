@@ -11,10 +11,12 @@
 
 namespace kestrel::hand {
 
+inline constexpr int heldRepeats = 5;
+
 bool click(screen::Control& control); // on a list: beside its rows
 bool doubleClick(screen::Control& control);
 void key(screen::Key which);  // on the active window, or on the box or dialog that waits
-void hold(screen::Key which); // a long press with its repeats
+void hold(screen::Key which); // a long press: the key and heldRepeats repeats, into whatever it opens meanwhile
 void typeOver(
     std::string_view text); // selects all in the field that has the focus and types, key by key; empty: deletes
 bool choose(screen::Control& dropDown, int index);

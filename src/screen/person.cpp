@@ -63,6 +63,12 @@ bool moveSelection(Control& control, Key which) {
     return true;
 }
 
+// The arrows turn the pages of a tab strip.
+bool movePage(Control& tab, Key which) {
+    if (tab.kind != Kind::SSTab || (which != Key::Left && which != Key::Right)) return false;
+    return turnPage(tab, tab.value + (which == Key::Left ? -1 : 1));
+}
+
 void enterKey(Window& window, Control* focused) {
     if (focused && isButton(*focused))
         pressByKey(*focused);
@@ -91,7 +97,7 @@ void ownEffect(Window& window, Control* focused, Key which) {
         if (focused && isButton(*focused)) pressByKey(*focused);
         break;
     default:
-        if (focused) moveSelection(*focused, which);
+        if (focused && !movePage(*focused, which)) moveSelection(*focused, which);
     }
 }
 

@@ -23,12 +23,12 @@ struct InstallationValues {
     std::string databaseKind; // "A", "S" or "O"
     std::string databaseMiddleware, driverName, databaseName, serverName, connectionText;
     std::string databaseUser, databasePassword, providerName, dataSourceName;
-    std::string operatingOffice; // 運用事業所コード
-    int installType = 0;         // インストール区分
-    int clientUpdateMode = 0;    // CL更新実行区分
-    std::string sessionOffice;   // office of the records on the screen
+    std::string operatingOffice;                       // 運用事業所コード
+    int installType = 0;                               // インストール区分
+    int clientUpdateMode = 0;                          // CL更新実行区分
+    std::string sessionOffice;                         // office of the records on the screen
     int screenWidthPixels = 0, screenHeightPixels = 0; // 0: not known
-    int runCounter = 0;          // lines of this run in the run history
+    int runCounter = 0;                                // lines of this run in the run history
 
     // Settings of the suite's backup; read here, acted on elsewhere.
     std::string backupDate, conditionSwitchDate;
@@ -38,7 +38,7 @@ struct InstallationValues {
 };
 
 struct Connections {
-    database::Connection mainConnection, localConnection;
+    database::Connection mainConnection{database::Role::main}, localConnection{database::Role::local};
     bool mainOpen = false, localOpen = false;
     std::string mainText, localText; // the texts they were last opened with
 };

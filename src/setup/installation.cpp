@@ -5,6 +5,7 @@
 #include "setup/rows.hpp"
 #include "setup/store.hpp"
 #include "setup/tables.hpp"
+#include "text/dates.hpp"
 
 #include <filesystem>
 #include <fstream>
@@ -59,11 +60,6 @@ std::vector<std::string> statementsFor(std::string_view database, const Rows& ro
     return statements;
 }
 
-Status changeFile(const std::string& path, const std::vector<std::string>& statements) {
-    auto store = openStore(path);
-    return store ? runTogether(store.value(), statements) : Status(store.failure());
-}
-
 // All five begin as the same empty database; making one costs several waits for the disk, copying it none.
 Status createDatabases(const std::string& root, const Rows& rows) {
     const std::string empty = root + "/" + emptyFiles[0];
@@ -71,8 +67,8 @@ Status createDatabases(const std::string& root, const Rows& rows) {
     for (const char* name : {emptyFiles[1], emptyFiles[2], mainFile, localFile}) {
         fs::copy_file(empty, root + "/" + name);
     }
-    if (Status status = changeFile(root + "/" + mainFile, statementsFor("main", rows)); !status) return status;
-    return changeFile(root + "/" + localFile, statementsFor("local", rows));
+    if (Status status = changeStore(root + "/" + mainFile, statementsFor("main", rows)); !status) return status;
+    return changeStore(root + "/" + localFile, statementsFor("local", rows));
 }
 
 Status refuseOpened(const fs::path& from) {
@@ -95,37 +91,66 @@ std::string redirect(const char* table, const char* column, const std::string& r
 
 Status redirectAll(const std::string& root) {
     const Status local =
-        changeFile(root + "/" + localFile, {redirect("データベース定義", "データソース名", root, mainFile),
-                                            redirect("データベース定義", "サーバー名", root, mainFile)});
+        changeStore(root + "/" + localFile, {redirect("データベース定義", "データソース名", root, mainFile),
+                                             redirect("データベース定義", "サーバー名", root, mainFile)});
     if (!local) return local;
-    return changeFile(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
+    return changeStore(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
+}
+
+// Far enough from both ends of the calendar to count years from it.
+Status refuseDay(std::string_view day) {
+    const bool isDate = text::dateText(text::dateFromText(day)) == day;
+    if (isDate && day >= "19000101" && day <= "99001231") return platform::done();
+    return platform::Failure{0, std::string(day) + " is no date of the form YYYYMMDD"};
+}
+
+Status fill(const std::string& root, What what, std::string_view day, std::string_view program) {
+    makeTree(root);
+    placeProgram(root, program);
+    return createDatabases(root, rowsFor(what, {root, std::string(day)}));
+}
+
+Status copyInto(const std::string& root, std::string_view from) {
+    fs::create_directories(root);
+    fs::copy(fs::path(from), root, fs::copy_options::recursive);
+    return redirectAll(root);
+}
+
+template <class Step> Status guarded(Step step) {
+    try {
+        return step();
+    } catch (const fs::filesystem_error& error) {
+        return failure(error);
+    }
+}
+
+// Runs the step on a folder that was empty, and empties it again if the step fails.
+template <class Step> Status wholeOrNothing(const std::string& root, Step step) {
+    Status status = guarded(step);
+    if (status) return status;
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(root, ignored)) fs::remove_all(entry.path(), ignored);
+    return status;
 }
 
 } // namespace
 
 Status createInstallation(std::string_view folder, What what, std::string_view day, std::string_view program) {
-    try {
+    return guarded([&]() -> Status {
         const std::string root = absoluteFolder(folder);
+        if (Status status = refuseDay(day); !status) return status;
         if (Status status = refuseFilled(root); !status) return status;
-        makeTree(root);
-        placeProgram(root, program);
-        return createDatabases(root, rowsFor(what, {root, std::string(day)}));
-    } catch (const fs::filesystem_error& error) {
-        return failure(error);
-    }
+        return wholeOrNothing(root, [&] { return fill(root, what, day, program); });
+    });
 }
 
 Status copyInstallation(std::string_view from, std::string_view to) {
-    try {
+    return guarded([&]() -> Status {
         const std::string root = absoluteFolder(to);
         if (Status status = refuseFilled(root); !status) return status;
         if (Status status = refuseOpened(fs::path(from)); !status) return status;
-        fs::create_directories(root);
-        fs::copy(fs::path(from), root, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-        return redirectAll(root);
-    } catch (const fs::filesystem_error& error) {
-        return failure(error);
-    }
+        return wholeOrNothing(root, [&] { return copyInto(root, from); });
+    });
 }
 
 } // namespace kestrel::setup

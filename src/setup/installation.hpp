@@ -21,7 +21,8 @@ inline constexpr const char* programFile = "prgbin/連絡台帳入力";
 
 // Makes an installation in folder, which must be empty or not there yet. day: "yyyymmdd"; the demonstration data are
 // counted from it, and the same day gives the same rows. program: the file to become prgbin/連絡台帳入力; empty puts a
-// small text file in its place, for those who bring the program along themselves. Fails with one clear line.
+// small text file in its place, for those who bring the program along themselves. Fails with one clear line; what was
+// made by then is taken away again.
 platform::Status createInstallation(std::string_view folder, What what, std::string_view day,
                                     std::string_view program = {});
 

@@ -30,11 +30,14 @@ std::vector<Fields> linesOf(std::string_view file, std::string_view kind) {
     return result;
 }
 
-const Town& townIn(Generator& chance, std::string_view areaCode) {
-    for (;;) {
-        const Town& town = chance.from(towns());
-        if (town.areaCode == areaCode) return town;
-    }
+// Throws std::out_of_range for an area that no town has.
+const std::vector<Town>& townsIn(std::string_view areaCode) {
+    static const auto all = [] {
+        std::map<std::string, std::vector<Town>> byArea;
+        for (const Town& town : towns()) byArea[town.areaCode].push_back(town);
+        return byArea;
+    }();
+    return all.at(std::string(areaCode));
 }
 
 std::string wideDigits(std::size_t number) {
@@ -45,7 +48,7 @@ std::string wideDigits(std::size_t number) {
 }
 
 void settle(Party& party, Generator& chance, std::string_view areaCode) {
-    const Town& town = townIn(chance, areaCode);
+    const Town& town = chance.from(townsIn(areaCode));
     party.postalCode = town.postalCode;
     party.addressA =
         town.municipality + town.name + wideDigits(1 + chance.below(5)) + "－" + wideDigits(1 + chance.below(28));

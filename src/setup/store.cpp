@@ -57,4 +57,14 @@ Result<std::vector<std::string>> columnNames(Connection& store, std::string_view
     return names;
 }
 
+Status changeStore(const std::string& path, const std::vector<std::string>& statements) {
+    auto store = openStore(path);
+    return store ? runTogether(store.value(), statements) : Status(store.failure());
+}
+
+Result<Rows> readStore(const std::string& path, std::string_view sql) {
+    auto store = openStore(path);
+    return store ? readRows(store.value(), sql) : Result<Rows>(store.failure());
+}
+
 } // namespace kestrel::setup

@@ -23,4 +23,8 @@ Result<Rows> readRows(Connection& store, std::string_view sql);
 // The names of the columns of a table, or the engine's word on why there are none.
 Result<std::vector<std::string>> columnNames(Connection& store, std::string_view table);
 
+// The same on a file that is opened for it alone.
+Status changeStore(const std::string& path, const std::vector<std::string>& statements);
+Result<Rows> readStore(const std::string& path, std::string_view sql);
+
 } // namespace kestrel::setup

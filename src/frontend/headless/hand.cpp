@@ -129,8 +129,7 @@ void key(screen::Key which) {
 }
 
 void hold(screen::Key which) {
-    constexpr int repeats = 3;
-    headless::holdKey(which, repeats);
+    headless::holdKey(which, heldRepeats);
     key(which);
     while (headless::repeatHeldKey()) {
     }

@@ -40,9 +40,16 @@ Application::Application(std::string program) : program_(std::move(program)), ar
 
 Application::~Application() {
     dropAll();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// Memory has no frames and no stacking: that the toolkit says so for every window is of no use to anyone.
+static void dropAdvice(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (!text.startsWith("This plugin does not support")) std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
 void drawOffScreen() {
+    qInstallMessageHandler(dropAdvice);
     qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 

@@ -36,6 +36,7 @@ void runDialog(QDialog& dialog) {
     waitUntil([&] { return !dialog.isVisible(); });
     std::erase(open, &dialog);
     dialog.hide();
+    giveBackKeyboard();
 }
 
 QLabel* makeText(const screen::MessageBox& box) {

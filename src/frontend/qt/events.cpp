@@ -24,6 +24,19 @@ void sendMouse(const Target& window, QEvent::Type type, QPoint point) {
     QCoreApplication::sendEvent(window, &event);
 }
 
+// The second press of two: a window makes it of two presses in time, an event of its own it doesn't pass on whole. So
+// it goes to the widget that lies there.
+void sendSecondPress(QWidget& top, QPoint point) {
+    const QPointer<QWidget> widget = top.childAt(point);
+    for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        if (!widget) return;
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, widget->mapFrom(&top, point), top.mapToGlobal(point), Qt::LeftButton, held,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &event);
+    }
+}
+
 void sendKey(const Target& window, QEvent::Type type, const KeyStroke& stroke, bool repeat = false) {
     if (!window) return;
     QKeyEvent event(type, stroke.key, stroke.modifiers, stroke.text, repeat);
@@ -74,22 +87,23 @@ void clickAt(QWidget& top, QPoint point) {
 }
 
 void clickTwiceAt(QWidget& top, QPoint point) {
-    const Target window = top.windowHandle();
+    const QPointer<QWidget> alive(&top);
     clickAt(top, point);
-    sendMouse(window, QEvent::MouseButtonDblClick, point);
-    sendMouse(window, QEvent::MouseButtonRelease, point);
+    if (alive && top.isVisible()) sendSecondPress(top, point);
 }
 
 void strike(QWidget& top, screen::Key key) {
-    hold(top, key, 0);
+    const QPointer<QWidget> alive(&top);
+    pressKey(top, key, false);
+    if (alive) releaseKey(top, key);
 }
 
-void hold(QWidget& top, screen::Key key, int repeats) {
-    const Target window = top.windowHandle();
-    const KeyStroke stroke = strokeOf(key);
-    sendKey(window, QEvent::KeyPress, stroke);
-    for (int i = 0; i < repeats; ++i) sendKey(window, QEvent::KeyPress, stroke, true);
-    sendKey(window, QEvent::KeyRelease, stroke);
+void pressKey(QWidget& top, screen::Key key, bool repeat) {
+    sendKey(top.windowHandle(), QEvent::KeyPress, strokeOf(key), repeat);
+}
+
+void releaseKey(QWidget& top, screen::Key key) {
+    sendKey(top.windowHandle(), QEvent::KeyRelease, strokeOf(key));
 }
 
 void typeText(QWidget& top, std::string_view text) {

@@ -17,7 +17,8 @@ std::optional<QPoint> reachablePoint(QWidget& part);
 void clickAt(QWidget& top, QPoint point);
 void clickTwiceAt(QWidget& top, QPoint point);
 void strike(QWidget& top, screen::Key key);
-void hold(QWidget& top, screen::Key key, int repeats);
+void pressKey(QWidget& top, screen::Key key, bool repeat);
+void releaseKey(QWidget& top, screen::Key key);
 void typeText(QWidget& top,
               std::string_view text); // ASCII as keys, all else as the input method commits it, a character at a time
 

@@ -27,30 +27,26 @@ void writeLine(QLineEdit& line, const QString& text) {
     line.setText(text);
     if (allSelected)
         line.selectAll();
-    else if (!line.hasFocus())
+    else if (line.window()->focusWidget() != &line)
         line.setCursorPosition(0); // a long text shows its beginning
     else
         line.setCursorPosition(atEnd ? static_cast<int>(text.size())
                                      : std::min<int>(cursor, static_cast<int>(text.size())));
 }
 
-// A text that the program writes into the memo is no edit.
-bool writingMemo = false;
-
 void writeMemo(QPlainTextEdit& memo, const QString& text) {
     const int cursor = memo.textCursor().position();
-    writingMemo = true;
     memo.setPlainText(text);
-    writingMemo = false;
     QTextCursor place = memo.textCursor();
-    place.setPosition(memo.hasFocus() ? std::min<int>(cursor, static_cast<int>(text.size())) : 0);
+    place.setPosition(memo.window()->focusWidget() == &memo ? std::min<int>(cursor, static_cast<int>(text.size())) : 0);
     memo.setTextCursor(place);
 }
 
+// A text that the program wrote into the memo is no edit: then the control has it already.
 void memoEdited(QPlainTextEdit* memo) {
     const screen::Control* control = controlOf(memo);
     const std::string text = modelMemo(memo->toPlainText());
-    if (!writingMemo && control && shownMemo(control->text) != memo->toPlainText()) personEdited(memo, text);
+    if (control && shownMemo(control->text) != memo->toPlainText()) personEdited(memo, text);
 }
 
 } // namespace

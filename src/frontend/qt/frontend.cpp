@@ -18,7 +18,7 @@ void waitUntil(const std::function<bool()>& done) {
         QCoreApplication::processEvents();
         if (over()) return;
         if (const screen::PlayNext next = screen::actSource()) {
-            if (!next()) return;
+            if (!repeatHeldKey() && !next()) return;
         } else {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }

@@ -4,12 +4,15 @@
 #include "frontend/qt/events.hpp"
 #include "frontend/qt/text.hpp"
 #include "frontend/qt/views.hpp"
+#include "frontend/qt/waits.hpp"
 #include "frontend/qt/widgets.hpp"
 #include "screen/ending.hpp"
 #include "screen/message.hpp"
 #include "screen/person.hpp"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QCompleter>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -21,13 +24,16 @@ namespace kestrel::hand {
 
 namespace {
 
+screen::Key heldKey = screen::Key::Ctrl;
+int repeatsLeft = 0;
+
 using frontend::topOf;
 using frontend::widgetOf;
 using screen::Control;
 
 // What a person can press: the model agrees, and on the screen nothing lies over it.
 std::optional<QPoint> pressPoint(const Control& control, QWidget* part) {
-    if (!part || frontend::dialogWaiting() || !canPress(control)) return std::nullopt;
+    if (!part || !canPress(control)) return std::nullopt;
     return frontend::reachablePoint(*part);
 }
 
@@ -56,6 +62,7 @@ std::optional<QPoint> clickPoint(const Control& control) {
 }
 
 QWidget* keyTarget() {
+    if (screen::ended()) return nullptr;
     if (QDialog* dialog = frontend::dialogWaiting()) return dialog;
     const screen::Window* active = screen::activeWindow();
     return active ? topOf(*active) : nullptr;
@@ -82,6 +89,21 @@ void selectAll(QWidget* widget) {
 }
 
 } // namespace
+} // namespace kestrel::hand
+
+namespace kestrel::frontend {
+
+bool repeatHeldKey() {
+    if (hand::repeatsLeft == 0) return false;
+    --hand::repeatsLeft;
+    QWidget* target = dialogWaiting() ? nullptr : hand::keyTarget();
+    if (target) pressKey(*target, hand::heldKey, true);
+    return true;
+}
+
+} // namespace kestrel::frontend
+
+namespace kestrel::hand {
 
 bool click(Control& control) {
     const std::optional<QPoint> point = clickPoint(control);
@@ -100,8 +122,14 @@ void key(screen::Key which) {
 }
 
 void hold(screen::Key which) {
-    constexpr int repeats = 5;
-    if (QWidget* target = keyTarget()) frontend::hold(*target, which, repeats);
+    QWidget* target = keyTarget();
+    if (!target) return;
+    heldKey = which;
+    repeatsLeft = heldRepeats;
+    frontend::pressKey(*target, which, false);
+    while (frontend::repeatHeldKey()) {
+    }
+    if (QWidget* last = keyTarget()) frontend::releaseKey(*last, which);
 }
 
 void typeOver(std::string_view text) {
@@ -173,6 +201,7 @@ bool pick(std::string_view path) {
     name->setFocus();
     name->selectAll();
     frontend::typeText(*picker, path);
+    if (name->completer()) name->completer()->popup()->hide(); // it would take the press
     return clickButton(buttons->button(QDialogButtonBox::Open));
 }
 

@@ -84,4 +84,8 @@ void applyList(const screen::Control& control, QWidget& widget) {
     applySelection(control, table);
 }
 
+void leaveList(QWidget& widget) {
+    if (auto* table = qobject_cast<QTableView*>(&widget)) static_cast<RowsModel*>(table->model())->leave();
+}
+
 } // namespace kestrel::frontend

@@ -9,5 +9,6 @@ namespace kestrel::frontend {
 
 QWidget* makeList(screen::Control& control, QWidget* top);
 void applyList(const screen::Control& control, QWidget& widget);
+void leaveList(QWidget& widget); // its control goes
 
 } // namespace kestrel::frontend

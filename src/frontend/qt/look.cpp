@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QScreen>
+#include <QStyle>
 #include <QStyleFactory>
 
 #include <cmath>
@@ -20,7 +21,7 @@ constexpr double baseEm = basePoints * 96 / 72; // pixels of a full-width charac
 
 namespace tone {
 constexpr QRgb window = 0xfff5f6f8, field = 0xffffffff, alternate = 0xfff6f8fb, text = 0xff1f2733, quiet = 0xff4c5666,
-               faded = 0xff8d95a1, line = 0xffc3c9d2, accent = 0xff2563a8, pale = 0xffe3ecf7;
+               faded = 0xff7f8895, line = 0xffc3c9d2, accent = 0xff2563a8, pale = 0xffe3ecf7;
 }
 
 QPalette palette() {
@@ -44,16 +45,19 @@ QPalette palette() {
 
 const char* styleSheet = R"(
 QLineEdit, QPlainTextEdit, QComboBox { background: #ffffff; color: #1f2733; border: 1px solid #c3c9d2; border-radius: 3px; }
-QLineEdit { padding: 0px 3px; }
+QLineEdit { padding: 0px 2px 1px 2px; }
 QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { border: 2px solid #2563a8; background: #fbfdff; }
-QLineEdit:focus { padding: 0px 2px; }
-QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #eceef1; color: #8d95a1; border-color: #d9dde3; }
+QLineEdit:focus { padding: 0px 1px; }
+QPlainTextEdit, QTableView { padding: 1px; }
+QPlainTextEdit:focus, QTableView:focus { padding: 0px; }
+QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #eceef1; color: #7f8895; border-color: #d9dde3; }
 QComboBox { padding: 0px 3px 0px 4px; }
 QComboBox:focus { padding: 0px 2px 0px 3px; }
 QComboBox::drop-down { border: none; width: 16px; }
 QComboBox::down-arrow { image: none; }
 QComboBox QAbstractItemView { background: #ffffff; border: 1px solid #c3c9d2; selection-background-color: #2563a8; selection-color: #ffffff; outline: none; }
 QPushButton { background: #ffffff; color: #1f2733; border: 1px solid #b7bfca; border-radius: 4px; padding: 0px 2px; }
+QDialog QPushButton { padding: 3px 12px; }
 QPushButton:hover { background: #eef4fb; border-color: #7fa3cc; }
 QPushButton:pressed { background: #d8e5f4; }
 QPushButton:focus { border: 2px solid #2563a8; }
@@ -62,16 +66,17 @@ QPushButton:disabled { background: #eff1f4; color: #a3aab5; border-color: #dde1e
 QTabBar::tab { background: transparent; color: #4c5666; border: none; border-bottom: 2px solid transparent; padding: 3px 14px 3px 14px; margin-right: 2px; }
 QTabBar::tab:selected { color: #2563a8; border-bottom: 2px solid #2563a8; }
 QTabBar::tab:hover { color: #2563a8; }
-QTabBar:focus::tab:selected, QTabBar::tab:selected:focus { background: #e3ecf7; }
+QTabBar::tab:selected:focus { background: #d8e5f4; }
 QFrame#pane { background: #fbfcfd; border: 1px solid #d5dae1; border-radius: 4px; }
 QTableView { background: #ffffff; alternate-background-color: #f3f6fa; border: 1px solid #c3c9d2; border-radius: 3px; outline: none; }
 QTableView:focus { border: 2px solid #2563a8; }
 QTableView::item { padding: 0px 4px; border: none; }
 QHeaderView::section { background: #eceff3; color: #4c5666; border: none; border-right: 1px solid #d5dae1; border-bottom: 1px solid #c3c9d2; padding: 0px 5px; }
 QHeaderView::section:hover { background: #e3ecf7; }
-QLabel[role="title"] { background: #2563a8; color: #ffffff; border-radius: 4px; padding: 0px 10px; }
+QLabel[role="title"] { background: #dde8f5; color: #1c4f8a; border-radius: 4px; padding: 0px 10px; }
 QLabel[role="caption"] { color: #4c5666; padding: 0px 2px; }
 QLabel[role="notice"] { background: #fff7e0; color: #5c4300; border: 1px solid #ecd9a4; border-radius: 3px; padding: 0px 8px; }
+QLabel[role="silent"] { padding: 0px 8px; border: 1px solid #dfe3e9; border-radius: 3px; }
 QLabel[role="press"] { background: #ffffff; color: #2563a8; border: 1px solid #b7bfca; border-radius: 4px; }
 )";
 
@@ -108,6 +113,15 @@ const char* roleName(Role role) {
     return names[static_cast<int>(role)];
 }
 
+// The style sheet reads a role when it first dresses a widget; another one needs it dressed again.
+void setRole(QWidget& widget, const char* role) {
+    if (widget.property("role").toString() == role) return;
+    widget.setProperty("role", role);
+    if (!widget.testAttribute(Qt::WA_WState_Polished)) return;
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
+
 } // namespace
 
 void dressApplication() {
@@ -139,10 +153,11 @@ int buttonPadding() {
     return 8;
 }
 
-QPixmap flagMark() {
+QPixmap flagMark(bool on) {
     const int side = edge(150);
     QPixmap mark(side, side);
     mark.fill(Qt::transparent);
+    if (!on) return mark;
     QPainter painter(&mark);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -168,9 +183,13 @@ void fitText(QWidget& widget, const QString& text, int width) {
     if (font != widget.font()) widget.setFont(font);
 }
 
+void dressNotice(QLabel& label) {
+    setRole(label, label.text().isEmpty() ? "silent" : "notice");
+}
+
 void dressCaption(QLabel& label, const screen::Control& control) {
     const Role role = roleOf(control);
-    label.setProperty("role", roleName(role));
+    setRole(label, role == Role::notice ? "silent" : roleName(role));
     label.setAlignment(role == Role::press ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Role::title) return;
     QFont font = label.font();

@@ -16,15 +16,16 @@ void dressApplication(); // font, style, colours: once, before the first widget
 int toPixels(int twips);
 QRect pixels(const screen::Place& place); // edges are rounded, not sizes: what meets in twips meets on the screen
 
-int rowHeight();     // of a list
-int buttonPadding(); // what a button needs beside its caption
-QPixmap flagMark();  // in front of a flagged row
+int rowHeight();           // of a list
+int buttonPadding();       // what a button needs beside its caption
+QPixmap flagMark(bool on); // in front of a flagged row, and the room it leaves in front of the others
 
 void paintArrow(QWidget& widget); // the mark of a drop-down, at its right end
 
 // A caption that is wider than its place is set narrower, never cut.
 void fitText(QWidget& widget, const QString& text, int width);
 
+void dressNotice(QLabel& label); // a band while it says something, quiet while it is empty
 void dressCaption(QLabel& label, const screen::Control& control); // panels and labels, by what they are for
 
 } // namespace kestrel::frontend

@@ -3,20 +3,27 @@
 #include "frontend/qt/look.hpp"
 #include "frontend/qt/text.hpp"
 
+#include <algorithm>
+
 namespace kestrel::frontend {
 
-RowsModel::RowsModel(const screen::Control& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
+RowsModel::RowsModel(const screen::Control& list, QObject* parent) : QAbstractTableModel(parent), list_(&list) {}
 
 bool RowsModel::follow() {
-    const int rows = static_cast<int>(list_.rows.size());
-    const int columns = static_cast<int>(list_.columns.size());
-    if (revision_ == list_.rowsRevision && rows == rows_ && columns == columns_) return false;
+    const int rows = static_cast<int>(list_->rows.size());
+    const int columns = static_cast<int>(list_->columns.size());
+    if (revision_ == list_->rowsRevision && rows == rows_ && columns == columns_) return false;
     beginResetModel();
-    revision_ = list_.rowsRevision;
+    revision_ = list_->rowsRevision;
     rows_ = rows;
     columns_ = columns;
+    flags_ = std::any_of(list_->rows.begin(), list_->rows.end(), [](const screen::ListRow& row) { return row.flag; });
     endResetModel();
     return true;
+}
+
+void RowsModel::leave() {
+    list_ = nullptr;
 }
 
 int RowsModel::rowCount(const QModelIndex& parent) const {
@@ -34,16 +41,16 @@ static QString cellText(const screen::ListRow& row, int column) {
 }
 
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= static_cast<int>(list_.rows.size())) return {};
-    const screen::ListRow& row = list_.rows[static_cast<std::size_t>(index.row())];
+    if (!list_ || !index.isValid() || index.row() >= static_cast<int>(list_->rows.size())) return {};
+    const screen::ListRow& row = list_->rows[static_cast<std::size_t>(index.row())];
     if (role == Qt::DisplayRole) return cellText(row, index.column());
-    if (role == Qt::DecorationRole && index.column() == 0 && row.flag) return flagMark();
+    if (role == Qt::DecorationRole && index.column() == 0 && flags_) return flagMark(row.flag);
     return {};
 }
 
 QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section >= static_cast<int>(list_.columns.size())) return {};
-    if (role == Qt::DisplayRole) return shownText(list_.columns[static_cast<std::size_t>(section)].title);
+    if (!list_ || orientation != Qt::Horizontal || section >= static_cast<int>(list_->columns.size())) return {};
+    if (role == Qt::DisplayRole) return shownText(list_->columns[static_cast<std::size_t>(section)].title);
     if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
     return {};
 }

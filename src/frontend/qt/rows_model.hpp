@@ -13,6 +13,7 @@ public:
 
     // Tells the views when columns or rows are others than at the last call. False when nothing changed.
     bool follow();
+    void leave(); // the control goes; the widgets may live on until the event at work has run out
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -20,9 +21,10 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    const screen::Control& list_;
+    const screen::Control* list_; // null once the control is gone
     unsigned revision_ = 0;
     int rows_ = 0, columns_ = 0; // as the views know them: the control's own count runs ahead until follow()
+    bool flags_ = false;         // some row has one
 };
 
 } // namespace kestrel::frontend

@@ -2,6 +2,7 @@
 
 #include "frontend/qt/accessible.hpp"
 #include "frontend/qt/boxes.hpp"
+#include "frontend/qt/lists.hpp"
 #include "frontend/qt/look.hpp"
 #include "frontend/qt/person.hpp"
 #include "frontend/qt/text.hpp"
@@ -25,9 +26,10 @@ struct WindowView {
     std::vector<QWidget*> widgets; // one a control, in the order of the window's controls
 };
 
-// A list of pointers: views come and go while a caller further up still works on his.
-std::vector<std::unique_ptr<WindowView>> views;
-QHash<const QObject*, screen::Control*> parts;
+// A list of pointers: views come and go while a caller further up still works on his. Neither is ever destroyed:
+// windows that live as long as the process say at its very end that they are gone.
+auto& views = *new std::vector<std::unique_ptr<WindowView>>;
+auto& parts = *new QHash<const QObject*, screen::Control*>;
 const screen::Window* activated = nullptr;
 
 WindowView* viewOf(const screen::Window& window) {
@@ -86,11 +88,25 @@ WindowView& viewMade(screen::Window& window) {
     return *views.back();
 }
 
+// The height that a window states may hold its frame's title bar as well: what would lie empty beneath the lowest
+// control, beyond the margin beside it, isn't shown.
+int insideHeight(const screen::Window& window) {
+    int bottom = 0;
+    int margin = window.height;
+    for (const screen::Control& control : window.controls) {
+        const int end = control.place.top + control.place.height;
+        if (control.guard || end > window.height || end < bottom) continue;
+        margin = end == bottom ? std::min(margin, control.place.left) : control.place.left;
+        bottom = end;
+    }
+    return std::min(window.height, bottom + std::max(margin, 0));
+}
+
 void applyWindow(const WindowView& view) {
     const screen::Window& window = *view.window;
     const QString title = shownText(window.caption);
     if (view.top->windowTitle() != title) view.top->setWindowTitle(title);
-    const QSize size(toPixels(window.width), toPixels(window.height));
+    const QSize size(toPixels(window.width), toPixels(insideHeight(window)));
     if (view.top->size() != size || view.top->minimumSize() != size) view.top->setFixedSize(size);
 }
 
@@ -155,8 +171,10 @@ void sync() {
 }
 
 static void forget(WindowView& view) {
-    for (QWidget* widget : view.widgets)
+    for (QWidget* widget : view.widgets) {
         for (QObject* part : eventParts(*widget)) parts.remove(part);
+        leaveList(*widget);
+    }
     if (activated == view.window) activated = nullptr;
     view.top->hide();
     view.top->deleteLater();
@@ -169,6 +187,10 @@ void drop(const screen::Window& window) {
     const std::unique_ptr<WindowView> view = std::move(*found);
     views.erase(found);
     forget(*view);
+}
+
+void giveBackKeyboard() {
+    activated = nullptr;
 }
 
 void dropAll() {

@@ -11,6 +11,7 @@ namespace kestrel::frontend {
 void sync(); // every shown window, as the model has it now; after the end of the process nothing
 void drop(const screen::Window& window); // its widgets go, at the latest when the event at work has run out
 void dropAll();
+void giveBackKeyboard(); // a dialog had it: at the next sync() the window in use takes it again
 
 // Null when there is none: not shown, or gone in the meantime.
 QWidget* topOf(const screen::Window& window);

@@ -9,4 +9,8 @@ namespace kestrel::frontend {
 // when none is left the wait is over.
 void waitUntil(const std::function<bool()>& done);
 
+// The hand's long press goes on into whatever waits for a person meanwhile, before the next act. False when no key is
+// held.
+bool repeatHeldKey();
+
 } // namespace kestrel::frontend

@@ -37,7 +37,8 @@ void applyCaption(const Control& control, QWidget& widget) {
     const QString text = shownLines(control.caption);
     if (label.text() == text) return;
     label.setText(text);
-    fitText(label, text, label.contentsRect().width() - 2 * label.margin());
+    if (control.notice) dressNotice(label);
+    fitText(label, text, label.contentsRect().width());
 }
 
 QWidget* makeButton(Control& control, QWidget* top) {

@@ -91,6 +91,18 @@ Result<RecordSet> Connection::open(std::string_view sql) {
     return RecordSet(std::move(rows.value()));
 }
 
+Status Connection::beginDraw() {
+    if (!isOpen()) return refuse(generalError, "the connection is not open");
+    auto& sqlite = std::get<SqliteConnection>(engine);
+    sqlite.limit(waitingOf(settings), settings.commandTimeout);
+    return sqlite.begin();
+}
+
+Status Connection::endDraw(bool keep) {
+    if (!isOpen()) return refuse(generalError, "the connection is not open");
+    return std::get<SqliteConnection>(engine).end(keep);
+}
+
 Result<Connection> openConnection(std::string_view text, Role role, const Settings& settings) {
     if (isOpeningBroken(role)) return brokenOnPurpose();
     std::string provider = connectionValue(text, "Provider");

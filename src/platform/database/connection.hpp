@@ -28,7 +28,8 @@ struct Settings {
 
 class Connection {
 public:
-    Connection() = default; // nothing is open
+    Connection() = default;                              // nothing is open
+    explicit Connection(Role itsRole) : role(itsRole) {} // likewise; what is sent to it is told as that one's
     bool isOpen() const { return engine.index() != 0; }
     void close(); // harmless when nothing is open
 
@@ -36,6 +37,13 @@ public:
     Status execute(std::string_view sql);
     // Runs one SELECT and stands on its first row; later rows are fetched as they are asked for.
     Result<RecordSet> open(std::string_view sql);
+
+    // From here to the end of the draw no other process writes, so that what is read may be counted on in what is
+    // written. Draws don't nest. A statement that fails inside one spoils nothing of it. beginDraw fails when the
+    // database stays busy or can't be written; endDraw fails when the writes could not be kept (then none of them is).
+    // Without keep they go back.
+    Status beginDraw();
+    Status endDraw(bool keep);
 
 private:
     friend Result<Connection> openConnection(std::string_view, Role, const Settings&);

@@ -242,6 +242,18 @@ Result<SqliteRows> SqliteConnection::open(const std::string& sql) {
     return SqliteRows(std::move(result));
 }
 
+Status SqliteConnection::begin() {
+    return execute("BEGIN IMMEDIATE");
+}
+
+Status SqliteConnection::end(bool keep) {
+    // A full disk, for one, makes the engine take everything back on its own.
+    if (sqlite3_get_autocommit(database->handle)) return keep ? Status(refuse("the writes were taken back")) : done();
+    Status status = execute(keep ? "COMMIT" : "ROLLBACK");
+    if (!status && keep) runSqlite(database->handle, "ROLLBACK");
+    return status;
+}
+
 Result<SqliteConnection> openSqlite(const std::string& path, int waiting, int running) {
     auto handle = openSqliteHandle(path, waiting);
     if (!handle) return handle.failure();

@@ -50,6 +50,8 @@ public:
     void limit(int waiting, int running);
     platform::Status execute(const std::string& sql);
     platform::Result<SqliteRows> open(const std::string& sql);
+    platform::Status begin();        // takes the right to write at once, not with the first write
+    platform::Status end(bool keep); // a commit that fails takes everything back
 
 private:
     std::shared_ptr<SqliteDatabase> database;

@@ -5,6 +5,7 @@
 #include "data/modConnections.hpp"
 #include "data/modHistory.hpp"
 #include "platform/clock.hpp"
+#include "platform/database/connection.hpp"
 #include "platform/database/faults.hpp"
 #include "platform/identity.hpp"
 #include "platform/journal.hpp"
@@ -15,7 +16,6 @@
 #include "screen/message.hpp"
 #include "session/sessionValues.hpp"
 #include "setup/installation.hpp"
-#include "setup/store.hpp"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +65,18 @@ protected:
     }
 
     std::string path(const std::string& below) const { return root + "/" + below; }
-    void local(const std::string& sql) { EXPECT_TRUE(setup::changeStore(path(setup::localFile), {sql})) << sql; }
+
+    // Beside the program: no gateway, no line in the journal.
+    static database::Connection open(const std::string& file) {
+        auto opened =
+            database::openConnection("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=" + file, database::Role::beside);
+        EXPECT_TRUE(opened) << file;
+        return opened ? std::move(opened.value()) : database::Connection();
+    }
+    static void change(const std::string& file, const std::string& sql) { EXPECT_TRUE(open(file).execute(sql)) << sql; }
+    void local(const std::string& sql) const { change(path(setup::localFile), sql); }
+    void main(const std::string& sql) const { change(path(setup::mainFile), sql); }
+
     // The definition of the main database with a null where the table itself allows none.
     void clearDefinition(const std::string& column) {
         local("CREATE TABLE 控え AS SELECT * FROM データベース定義");
@@ -73,17 +84,18 @@ protected:
         local("DROP TABLE データベース定義");
         local("ALTER TABLE 控え RENAME TO データベース定義");
     }
-    void main(const std::string& sql) { EXPECT_TRUE(setup::changeStore(path(setup::mainFile), {sql})) << sql; }
 
     // The rows of a SELECT, their columns joined with " | ", null as NULL.
     static std::vector<std::string> rows(const std::string& file, const std::string& sql) {
-        const auto read = setup::readStore(file, sql);
-        EXPECT_TRUE(read) << sql;
+        auto connection = open(file);
+        auto opened = connection.open(sql);
+        EXPECT_TRUE(opened) << sql;
         std::vector<std::string> lines;
-        if (!read) return lines;
-        for (const auto& row : read.value()) {
+        if (!opened) return lines;
+        for (auto& records = opened.value(); !records.eof(); records.moveNext()) {
             std::string line;
-            for (const auto& [column, value] : row.values) line += (line.empty() ? "" : " | ") + value.value_or("NULL");
+            for (int i = 0; i < records.columnCount(); ++i)
+                line += (i == 0 ? "" : " | ") + records.textOrNull(records.columnName(i)).value_or("NULL");
             lines.push_back(line);
         }
         return lines;

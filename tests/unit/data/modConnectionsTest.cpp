@@ -220,7 +220,7 @@ TEST_F(Place, AFirstTimeUserGetsCopiesAndASecondStartNone) {
         EXPECT_TRUE(fs::exists(mine + file)) << file;
     resetSession();
     fs::remove(mine + "/report/repfrmdb.accdb");
-    EXPECT_TRUE(setup::changeStore(mine + "/conf/usrcnfg.accdb", {"UPDATE 動作環境定義 SET 運用事業所コード = '001'"}));
+    change(mine + "/conf/usrcnfg.accdb", "UPDATE 動作環境定義 SET 運用事業所コード = '001'");
     ASSERT_TRUE(openSystemDatabases());
     EXPECT_EQ(installation.operatingOffice, "001"); // the user's own settings, not overwritten by the master's
     EXPECT_FALSE(fs::exists(mine + "/report/repfrmdb.accdb"));

@@ -157,7 +157,8 @@ INSTANTIATE_TEST_SUITE_P(
         "SELECT a.x FROM B RIGHT A ON B.k = A.k", "SELECT a.x FROM B NATURAL RIGHT JOIN A",
         "SELECT a.x FROM (SELECT * FROM C) RIGHT JOIN A ON 1",
         // Marks under OR, on both sides, under NOT, in parentheses, in a cycle, of unknown tables, with a second WHERE.
-        "SELECT a.x FROM a,b WHERE b.k(+)=a.k OR a.x='1'", "SELECT a.x FROM a,b WHERE b.k(+)=a.k(+)",
+        "SELECT a.x FROM a,b WHERE b.k(+)=a.k OR a.x='1'",
+        "SELECT a.x FROM a,b WHERE b.k(+)=a.k AND a.x='1' OR a.y='2'", "SELECT a.x FROM a,b WHERE b.k(+)=a.k(+)",
         "SELECT a.x FROM a,b WHERE NOT b.k(+)=a.k", "SELECT a.x FROM a,b WHERE (b.k(+)=a.k)",
         "SELECT a.x FROM a,b WHERE b.k(+)=a.k AND a.l(+)=b.l", "SELECT a.x FROM a,b WHERE z.k(+)=a.k",
         "SELECT a.x FROM a,b WHERE b.k(+)=a.k WHERE a.x='1'", "SELECT a.x FROM a,b WHERE k(+)=a.k",

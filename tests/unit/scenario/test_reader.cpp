@@ -129,9 +129,9 @@ TEST(Reader, SaysWhatWasThereInstead) {
 
 TEST(Reader, LooksAtPropertiesOfControlsAndWindows) {
     holds("start\nexpect 住所.kind xField\nexpect ask.caption ask\nexpect hidden.visible no\nexpect frm.caption 窓\n"
-          "expect frm.width 1000\nexpect frm.visible yes\nexpect 住所.tabindex 1\nset 住所.maxlength 20\n"
+          "expect frm.width 9000\nexpect frm.visible yes\nexpect 住所.tabindex 1\nset 住所.maxlength 20\n"
           "expect 住所.maxlength 20\nset 住所.tabstop no\nexpect 住所.tabstop no\nexpect 区分.max 12\n"
-          "expect no control ない\nexpect 住所.color default\nexpect 住所.top 10\n");
+          "expect no control ない\nexpect 住所.color default\nexpect 住所.top 600\n");
 }
 
 TEST(Reader, MistakesInTheScenarioEndIt) {

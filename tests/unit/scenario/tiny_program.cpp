@@ -70,13 +70,15 @@ constexpr Binding formBindings[] = {
 constexpr Binding listBindings[] = {{"ok", Event::click, closeList}, {"rows", Event::doubleClick, closeList}};
 
 void add(Window& window, const char* name, Kind kind, int tabIndex, const char* caption = "") {
-    addControl(window, {name, kind, caption, {0, tabIndex * 10, 100, 10}, tabIndex});
+    const int height = kind == Kind::ListView ? 3000 : 300;
+    const int top = (tabIndex + 1) * 300 + (window.name == "wnd" ? tabIndex * 3000 : 0);
+    addControl(window, {name, kind, caption, {0, top, 3000, height}, tabIndex});
 }
 
 void makeForm() {
     form = std::make_unique<Window>("frm");
     form->caption = "窓";
-    form->width = form->height = 1000;
+    form->width = form->height = 9000;
     form->bindings = formBindings;
     form->closeRequest = [](Window&) { endProcess(3); };
     add(*form, "名称", Kind::xField, 0);
@@ -100,7 +102,7 @@ void makeForm() {
 void makeList() {
     listWindow = std::make_unique<Window>("wnd");
     listWindow->caption = "一覧";
-    listWindow->width = listWindow->height = 1000;
+    listWindow->width = listWindow->height = 9000;
     listWindow->bindings = listBindings;
     add(*listWindow, "rows", Kind::ListView, 0);
     Control& rows = *findControl(*listWindow, "rows");

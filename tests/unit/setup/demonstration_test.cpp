@@ -70,6 +70,7 @@ void checkYears(const Rows& rosters, const Rows& registers, const std::string& d
         const std::string base = *roster.get("番号基準日付"), date = *roster.get("名簿日付");
         EXPECT_LE(date, day);
         EXPECT_LE(date, base);
+        EXPECT_LE(*roster.get("発送日付"), day);
         EXPECT_GT(date, std::to_string(std::stoi(base) - 10000));
         highest[base] = std::max(highest[base], *roster.get("名簿No"));
     }

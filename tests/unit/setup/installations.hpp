@@ -30,8 +30,7 @@ protected:
     }
 
     static Rows rowsIn(const std::string& root, const char* file, const std::string& sql) {
-        auto store = openStore(root + "/" + file);
-        auto rows = store ? readRows(store.value(), sql) : Result<Rows>(store.failure());
+        const auto rows = readStore(root + "/" + file, sql);
         EXPECT_TRUE(rows) << sql << ": " << (rows ? "" : rows.failure().description);
         return rows ? rows.value() : Rows{};
     }
@@ -40,12 +39,8 @@ protected:
         const Rows rows = rowsIn(root, file, sql);
         return rows.empty() ? "nothing" : rows.front().values.front().second.value_or("NULL");
     }
-    static Status statusOf(const std::string& path, const std::vector<std::string>& statements) {
-        auto store = openStore(path);
-        return store ? runTogether(store.value(), statements) : Status(store.failure());
-    }
     static void change(const std::string& root, const char* file, const std::string& sql) {
-        const auto status = statusOf(root + "/" + file, {sql});
+        const auto status = changeStore(root + "/" + file, {sql});
         ASSERT_TRUE(status) << sql << ": " << status.failure().description;
     }
 

@@ -113,6 +113,20 @@ TEST_F(MinimalTest, aFileInPlaceOfTheFolderIsRefused) {
     EXPECT_EQ(status.failure().description, root + "/data/gnrdb.accdb is no folder");
 }
 
+TEST_F(MinimalTest, aFailureLeavesNothingBehind) {
+    const auto status = createInstallation(at("other"), What::minimal, "20240515", at("no program"));
+    ASSERT_FALSE(status);
+    EXPECT_NE(status.failure().description.find("no program"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::is_empty(at("other")));
+}
+
+TEST_F(MinimalTest, aDayThatIsNoDateIsRefused) {
+    for (const char* day : {"", "2024", "20240230", "20241301", "2024051x", "00010101"}) {
+        EXPECT_FALSE(createInstallation(at("other"), What::full, day)) << day;
+    }
+    EXPECT_FALSE(std::filesystem::exists(at("other")));
+}
+
 TEST_F(MinimalTest, theProgramIsBroughtAlongWhenItIsNamed) {
     ASSERT_TRUE(createInstallation(at("other"), What::minimal, "20240515", "/proc/self/exe"));
     EXPECT_EQ(std::filesystem::file_size(at("other") + "/" + programFile),
@@ -135,6 +149,11 @@ TEST_F(MinimalTest, aCopyLeavesOtherPathsAlone) {
     change(root, mainFile, "UPDATE Mユーザ SET ドキュメントフォルダ = '/srv/papers'");
     ASSERT_TRUE(copyInstallation(root, at("copy")));
     EXPECT_EQ(valueIn(at("copy"), mainFile, "SELECT ドキュメントフォルダ FROM Mユーザ"), "/srv/papers");
+}
+
+TEST_F(MinimalTest, whatIsNotThereIsNotCopied) {
+    EXPECT_FALSE(copyInstallation(at("none"), at("copy")));
+    EXPECT_FALSE(copyInstallation(root, root));
 }
 
 TEST_F(MinimalTest, anInstallationInUseIsNotCopied) {

@@ -34,26 +34,26 @@ TEST_F(TablesTest, bothDatabasesHoldTheTablesOfTheSuite) {
 TEST_F(TablesTest, aKeyOccursOnceAndIsNeverNull) {
     const std::string main = make("a", What::minimal) + "/" + mainFile;
     const std::string one = "INSERT INTO T名簿 (事業所コード,番号基準日付,名簿No) VALUES ('001','20250331','00000001')";
-    EXPECT_TRUE(statusOf(main, {one}));
-    EXPECT_FALSE(statusOf(main, {one}));
-    EXPECT_TRUE(
-        statusOf(main, {"INSERT INTO T名簿 (事業所コード,番号基準日付,名簿No) VALUES ('001','20240331','00000001')"}));
-    EXPECT_FALSE(statusOf(main, {"INSERT INTO M部門 (名称) VALUES ('無番')"}));
+    EXPECT_TRUE(changeStore(main, {one}));
+    EXPECT_FALSE(changeStore(main, {one}));
+    EXPECT_TRUE(changeStore(
+        main, {"INSERT INTO T名簿 (事業所コード,番号基準日付,名簿No) VALUES ('001','20240331','00000001')"}));
+    EXPECT_FALSE(changeStore(main, {"INSERT INTO M部門 (名称) VALUES ('無番')"}));
 }
 
 TEST_F(TablesTest, requiredColumnsRefuseNull) {
     const std::string local = make("a", What::minimal) + "/" + localFile;
-    EXPECT_FALSE(statusOf(local, {"INSERT INTO データベース定義 (情報種類, dbmw) VALUES ('X','Y')"}));
-    EXPECT_FALSE(statusOf(local, {"INSERT INTO データベース定義 (情報種類, db) VALUES ('X','A')"}));
-    EXPECT_TRUE(statusOf(local, {"INSERT INTO データベース定義 (情報種類, db, dbmw) VALUES ('X','A','Y')"}));
+    EXPECT_FALSE(changeStore(local, {"INSERT INTO データベース定義 (情報種類, dbmw) VALUES ('X','Y')"}));
+    EXPECT_FALSE(changeStore(local, {"INSERT INTO データベース定義 (情報種類, db) VALUES ('X','A')"}));
+    EXPECT_TRUE(changeStore(local, {"INSERT INTO データベース定義 (情報種類, db, dbmw) VALUES ('X','A','Y')"}));
 }
 
 TEST_F(TablesTest, indexedColumnsAndTablesWithoutKeyMayRepeat) {
     const std::string root = make("a", What::minimal);
     const std::string town = "INSERT INTO M郵便番号 (郵便番号) VALUES ('100-0001')";
-    EXPECT_TRUE(statusOf(root + "/" + mainFile, {town, town}));
+    EXPECT_TRUE(changeStore(root + "/" + mainFile, {town, town}));
     const std::string line = "INSERT INTO プログラム稼動履歴 (摘要) VALUES ('終了')";
-    EXPECT_TRUE(statusOf(root + "/" + localFile, {line, line}));
+    EXPECT_TRUE(changeStore(root + "/" + localFile, {line, line}));
 }
 
 TEST_F(TablesTest, generatedColumnsJoinTheThreeLinesWithNullAsEmpty) {

@@ -1,0 +1,95 @@
+#include "steps.hpp"
+
+#include "frontend/qt/pictures.hpp"
+#include "screen/hand.hpp"
+
+#include <array>
+#include <cstdio>
+#include <string_view>
+
+namespace kestrel::tour {
+
+namespace {
+
+std::string folder;
+bool failed = false;
+
+screen::Control* find(std::string_view name) {
+    screen::Window* window = screen::activeWindow();
+    return window ? findControl(*window, name) : nullptr;
+}
+
+void fail(std::string_view what) {
+    std::fprintf(stderr, "the tour stands still: %.*s\n", static_cast<int>(what.size()), what.data());
+    failed = true;
+}
+
+void picture(std::string_view name) {
+    if (!frontend::savePictures(folder, std::string(name))) return fail(name);
+    std::printf("%s/%.*s.png\n", folder.c_str(), static_cast<int>(name.size()), name.data());
+}
+
+void click(std::string_view name) {
+    screen::Control* control = find(name);
+    if (!control || !hand::click(*control)) fail(name);
+}
+
+void typeOver(std::string_view text) {
+    hand::typeOver(text);
+}
+
+void answer(std::string_view caption) {
+    if (!hand::answer(caption)) fail(caption);
+}
+
+void page(std::string_view number) {
+    screen::Control* tab = find("tab_詳細");
+    if (!tab || !hand::page(*tab, number[0] - '0')) fail(number);
+}
+
+struct Step {
+    void (*act)(std::string_view);
+    std::string_view with;
+};
+
+constexpr std::array steps{
+    Step{picture, "1-addressee"},
+    Step{click, "宛先名称B"},
+    Step{typeOver, "資材部　購買第一課"},
+    Step{picture, "2-typing"},
+    Step{typeOver, "資材部購買第一課　印刷資材および包装資材の調達を担当する窓口の皆様"},
+    Step{picture, "3-too-long"},
+    Step{typeOver, "資材部　購買第一課"},
+    Step{page, "1"},
+    Step{click, "宛先摘要"},
+    Step{picture, "4-memo"},
+    Step{page, "2"},
+    Step{picture, "5-attachments"},
+    Step{page, "0"},
+    Step{click, "btn_画面クリア"},
+    Step{picture, "6-question"},
+    Step{answer, "はい"},
+    Step{picture, "7-new-entry"},
+    Step{click, "btn_終了"},
+};
+
+std::size_t next = 0;
+
+} // namespace
+
+void saveIn(std::string newFolder) {
+    folder = std::move(newFolder);
+}
+
+bool playNext() {
+    if (failed || next == steps.size()) return false;
+    const Step& step = steps[next++];
+    step.act(step.with);
+    return true;
+}
+
+bool complete() {
+    return !failed && next == steps.size();
+}
+
+} // namespace kestrel::tour
