@@ -115,8 +115,13 @@ bool press(Control& control) {
     return true;
 }
 
+// Two quick presses of a button are two presses: nobody who steps through records fast loses one.
 bool pressTwice(Control& control) {
     if (!press(control)) return false;
+    if (isButton(control)) {
+        press(control);
+        return true;
+    }
     if (stillUsable(control)) raise({control, Event::doubleClick});
     return true;
 }
@@ -139,7 +144,8 @@ void key(Window& window, Key which, bool repeat) {
 bool choose(Control& dropDown, int index) {
     if (!canPress(dropDown) || index < 0 || index >= static_cast<int>(dropDown.items.size())) return false;
     setFocus(dropDown);
-    if (!stillUsable(dropDown) || dropDown.listIndex == index) return true;
+    // Sent elsewhere by its entry step, its list doesn't stay open to be picked from.
+    if (!stillUsable(dropDown) || dropDown.window->focus != &dropDown || dropDown.listIndex == index) return true;
     setListIndex(dropDown, index);
     raise({dropDown, Event::change});
     return true;

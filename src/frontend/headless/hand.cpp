@@ -76,19 +76,39 @@ std::string withoutLastCharacter(std::string_view text) {
     return all.empty() ? std::string() : std::string(text.substr(0, text.size() - all.back().size()));
 }
 
-// What a key does to the text of a field, its cursor at the end.
-void fieldKey(screen::Control& field, screen::Key which) {
-    if (which == screen::Key::Backspace)
+// The field whose cursor stands at the end of its text, by a press or an edit. Any other field that gets the focus has
+// its whole text selected.
+const screen::Control* cursorIn = nullptr;
+
+void editBehind(screen::Control& field, std::string_view added) {
+    const std::string kept = cursorIn == &field ? field.text : std::string();
+    cursorIn = &field;
+    screen::edit(field, kept + std::string(added));
+}
+
+void deleteIn(screen::Control& field, screen::Key which) {
+    const bool all = cursorIn != &field;
+    cursorIn = &field;
+    if (all)
+        screen::edit(field, "");
+    else if (which == screen::Key::Backspace)
         screen::edit(field, withoutLastCharacter(field.text));
+}
+
+// What a key does to the text of a field.
+void fieldKey(screen::Control& field, screen::Key which) {
+    if (which == screen::Key::Backspace || which == screen::Key::Delete)
+        deleteIn(field, which);
     else if (which == screen::Key::Space)
-        screen::edit(field, field.text + " ");
+        editBehind(field, " ");
     else if (which == screen::Key::Enter && field.kind == screen::Kind::xText)
-        screen::edit(field, field.text + "\r\n");
+        editBehind(field, "\r\n");
 }
 
 void windowKey(screen::Window& window, screen::Key which) {
     screen::Control* focused = window.focus;
     screen::key(window, which);
+    if (screen::ended() || window.focus != focused) cursorIn = nullptr;
     if (focused && !screen::ended() && window.focus == focused && screen::isField(*focused)) fieldKey(*focused, which);
 }
 
@@ -114,7 +134,10 @@ void typeCharacter(screen::Control& field, std::string_view character, bool repl
 namespace kestrel::hand {
 
 bool click(screen::Control& control) {
-    return screen::press(control);
+    const bool pressed = screen::press(control);
+    const bool stayed = pressed && !screen::ended() && control.window->focus == &control;
+    headless::cursorIn = stayed ? &control : nullptr;
+    return pressed;
 }
 
 bool doubleClick(screen::Control& control) {
@@ -139,6 +162,7 @@ void typeOver(std::string_view text) {
     screen::Control* field = headless::focusedField();
     if (!field) return;
     if (text.empty() && !field->text.empty()) screen::edit(*field, "");
+    headless::cursorIn = field;
     bool replacing = true;
     for (std::string_view character : text::characters(text)) {
         if (screen::ended() || headless::focusedField() != field) return;

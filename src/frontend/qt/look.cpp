@@ -21,7 +21,7 @@ constexpr double baseEm = basePoints * 96 / 72; // pixels of a full-width charac
 
 namespace tone {
 constexpr QRgb window = 0xfff5f6f8, field = 0xffffffff, alternate = 0xfff6f8fb, text = 0xff1f2733, quiet = 0xff4c5666,
-               faded = 0xff7f8895, line = 0xffc3c9d2, accent = 0xff2563a8, pale = 0xffe3ecf7;
+               faded = 0xff7f8895, accent = 0xff2563a8;
 }
 
 QPalette palette() {
