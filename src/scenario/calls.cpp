@@ -4,6 +4,7 @@
 #include "company/modRights.hpp"
 #include "company/pinCodec.hpp"
 #include "data/modFiles.hpp"
+#include "data/modUpkeep.hpp"
 #include "numbering/modNumbers.hpp"
 #include "numbering/modViewLog.hpp"
 #include "platform/identity.hpp"
@@ -47,6 +48,11 @@ std::string madeFolders(const Arguments& arguments) {
     return "";
 }
 
+std::string swept(const Arguments&) {
+    sweepLocalTables();
+    return "";
+}
+
 std::string takenCondition(const Arguments& arguments) {
     std::string condition = arguments[1];
     const std::string value = takeConditionValue(arguments[0], condition);
@@ -83,6 +89,7 @@ constexpr std::array operations{
     Operation{"nextTabStop", 1, stopFrom},
     Operation{"makeFolderPath", 1, madeFolders},
     Operation{"copyFile", 2, [](const Arguments& a) { return yesNo(copyFile(a[0], a[1])); }},
+    Operation{"sweepLocalTables", 0, swept},
     Operation{"windowsVersionClass", 0,
               [](const Arguments&) { return std::to_string(platform::windowsVersionClass()); }},
     Operation{"encode", 1, [](const Arguments& a) { return encode(a[0]); }},
