@@ -7,6 +7,7 @@
 #include "data/modFiles.hpp"
 #include "data/modUpkeep.hpp"
 #include "numbering/modNumbers.hpp"
+#include "numbering/modOfficeSuite.hpp"
 #include "numbering/modViewLog.hpp"
 #include "platform/identity.hpp"
 #include "scenario/names.hpp"
@@ -108,6 +109,7 @@ constexpr std::array operations{
     Operation{"openWithShell", 1, [](const Arguments& a) { return std::to_string(openWithShell(a[0])); }},
     Operation{"userNameText", 0, [](const Arguments&) { return platform::userName(); }},
     Operation{"computerNameText", 0, [](const Arguments&) { return platform::computerName(); }},
+    Operation{"registerAccessFolder", 0, [](const Arguments&) { return yesNo(registerAccessFolder()); }},
     Operation{"sweepLocalTables", 0, swept},
     Operation{"windowsVersionClass", 0,
               [](const Arguments&) { return std::to_string(platform::windowsVersionClass()); }},
