@@ -108,6 +108,10 @@ constexpr screen::Binding table[] = {
     {"btn_前明細No", click, on<pressStep>},
     {"btn_次明細No", click, on<pressStep>},
 
+    {"btn_HOMEPAGE", click, on<pressHomepage>},
+    {"btn_EMAIL", click, on<pressMail>},
+    {"manualpanel", click, on<pressManual>},
+
     {"btn_登録", click, on<pressSave>},
     {"btn_画面クリア", click, on<pressClear>},
     {"btn_削除", click, on<pressDelete>},

@@ -14,8 +14,8 @@ namespace {
 
 // Buttons whose action the program doesn't have; they stand in their place, disabled.
 constexpr std::string_view absentActions[] = {
-    "btn_名簿No",     "btn_担当者コード", "btn_部門コード",   "btn_セクションコード", "btn_名簿宛先No",
-    "btn_HOMEPAGE",   "btn_EMAIL",        "btn_得意先登録",   "btn_納品先登録",       "btn_仕入先登録",
+    "btn_名簿No",     "btn_担当者コード", "btn_部門コード",   "btn_セクションコード",
+    "btn_名簿宛先No", "btn_得意先登録",   "btn_納品先登録",   "btn_仕入先登録",
     "btn_メーカ登録", "btn_付属書類追加", "btn_付属書類削除", "btn_フォルダ",
 };
 

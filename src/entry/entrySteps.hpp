@@ -19,6 +19,11 @@ void returnFocus(screen::Control& panel);
 void passHeadEnd(screen::Control& guard);
 void passTailEnd(screen::Control& guard);
 
+// The desktop's own programs
+void pressHomepage(screen::Control& button);
+void pressMail(screen::Control& button);
+void pressManual(screen::Control& panel);
+
 // Commands that write nothing
 void pressClear(screen::Control& button);
 void pressExit(screen::Control& button);
