@@ -108,6 +108,10 @@ constexpr screen::Binding table[] = {
     {"btn_前明細No", click, on<pressStep>},
     {"btn_次明細No", click, on<pressStep>},
 
+    {"btn_得意先登録", click, on<pressPartner>},
+    {"btn_納品先登録", click, on<pressPartner>},
+    {"btn_仕入先登録", click, on<pressPartner>},
+    {"btn_メーカ登録", click, on<pressPartner>},
     {"btn_HOMEPAGE", click, on<pressHomepage>},
     {"btn_EMAIL", click, on<pressMail>},
     {"manualpanel", click, on<pressManual>},

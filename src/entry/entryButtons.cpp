@@ -2,6 +2,7 @@
 
 #include "entry/entryForm.hpp"
 #include "entry/frm連絡台帳入力.hpp"
+#include "entry/modPartners.hpp"
 #include "entry/modSaving.hpp"
 #include "session/rosterSession.hpp"
 
@@ -15,20 +16,7 @@ namespace {
 // Buttons whose action the program doesn't have; they stand in their place, disabled.
 constexpr std::string_view absentActions[] = {
     "btn_名簿No",     "btn_担当者コード", "btn_部門コード",   "btn_セクションコード",
-    "btn_名簿宛先No", "btn_得意先登録",   "btn_納品先登録",   "btn_仕入先登録",
-    "btn_メーカ登録", "btn_付属書類追加", "btn_付属書類削除", "btn_フォルダ",
-};
-
-// A partner can be made once, and only from a saved addressee.
-struct Partner {
-    std::string_view button;
-    std::string RosterSession::*madeOn;
-};
-constexpr Partner partners[] = {
-    {"btn_得意先登録", &RosterSession::得意先登録日付},
-    {"btn_納品先登録", &RosterSession::納品先登録日付},
-    {"btn_仕入先登録", &RosterSession::仕入先登録日付},
-    {"btn_メーカ登録", &RosterSession::メーカ登録日付},
+    "btn_名簿宛先No", "btn_付属書類追加", "btn_付属書類削除", "btn_フォルダ",
 };
 
 bool actionExists(std::string_view button) {
@@ -45,8 +33,9 @@ void enableButton(screen::Control& button, bool wanted) {
     screen::setEnabled(button, wanted && actionExists(button.name));
 }
 
+// A partner can be made once, and only from a saved addressee.
 void updatePartnerButtons() {
-    for (const Partner& partner : partners)
+    for (const Partner& partner : partners())
         enableButton(entryControl(partner.button), (rosterSession.*partner.madeOn).empty() && !rosterSession.newEntry);
 }
 

@@ -19,6 +19,10 @@ void returnFocus(screen::Control& panel);
 void passHeadEnd(screen::Control& guard);
 void passTailEnd(screen::Control& guard);
 
+// Partners
+void pressPartner(screen::Control& button);
+void leavePartnerCode(screen::Control& field); // what leaving it means beyond being left
+
 // The desktop's own programs
 void pressHomepage(screen::Control& button);
 void pressMail(screen::Control& button);
