@@ -15,8 +15,7 @@ namespace {
 
 // Buttons whose action the program doesn't have; they stand in their place, disabled.
 constexpr std::string_view absentActions[] = {
-    "btn_名簿No",     "btn_担当者コード", "btn_部門コード",   "btn_セクションコード",
-    "btn_名簿宛先No", "btn_付属書類追加", "btn_付属書類削除", "btn_フォルダ",
+    "btn_名簿No", "btn_担当者コード", "btn_部門コード", "btn_セクションコード", "btn_名簿宛先No",
 };
 
 bool actionExists(std::string_view button) {

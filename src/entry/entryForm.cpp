@@ -20,7 +20,6 @@ namespace kestrel {
 
 Frm連絡台帳入力::Frm連絡台帳入力() {
     screen::setItems(tab_詳細, {"住所", "メモ", "付属書類"});
-    screen::setColumns(List付属書類, {{"書類名", 5450}, {"サイズ", 1050}, {"更新日付", 1400}});
     お知らせ.notice = true;
 }
 

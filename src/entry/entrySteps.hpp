@@ -23,6 +23,12 @@ void passTailEnd(screen::Control& guard);
 void pressPartner(screen::Control& button);
 void leavePartnerCode(screen::Control& field); // what leaving it means beyond being left
 
+// Attachments
+void pressAddFile(screen::Control& button);
+void pressAddFolder(screen::Control& button);
+void pressDeleteAttachment(screen::Control& button);
+void openSelectedAttachment(screen::Control& list);
+
 // The desktop's own programs
 void pressHomepage(screen::Control& button);
 void pressMail(screen::Control& button);
