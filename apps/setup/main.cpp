@@ -3,6 +3,7 @@
 #include "platform/paths.hpp"
 #include "setup/arguments.hpp"
 #include "setup/check.hpp"
+#include "setup/example.hpp"
 #include "setup/installation.hpp"
 #include "setup/pin.hpp"
 
@@ -18,6 +19,7 @@ namespace platform = kestrel::platform;
 
 constexpr const char* usage = "kestrel-setup create DIR [--minimal | --full] [--day YYYYMMDD]\n"
                               "kestrel-setup check DIR\n"
+                              "kestrel-setup demo DIR\n"
                               "kestrel-setup pin TEXT";
 
 int refuse(const std::string& line) {
@@ -48,6 +50,13 @@ int check(const std::string& folder) {
     return lines.empty() ? 0 : 1;
 }
 
+int demo(const std::string& folder) {
+    const auto line = setup::exampleCommandLine(folder);
+    if (!line) return refuse(line.failure().description);
+    std::cout << line.value() << "\n";
+    return 0;
+}
+
 int pin(const std::string& plain) {
     std::cout << setup::storedPin(plain) << "\n";
     return 0;
@@ -61,6 +70,7 @@ int main(int count, char** words) {
     const std::vector<std::string> rest(arguments.begin() + 1, arguments.end());
     if (arguments[0] == "create") return create(rest);
     if (arguments[0] == "check" && rest.size() == 1) return check(rest[0]);
+    if (arguments[0] == "demo" && rest.size() == 1) return demo(rest[0]);
     if (arguments[0] == "pin" && rest.size() == 1) return pin(rest[0]);
     return refuse(usage);
 }

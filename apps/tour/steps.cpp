@@ -1,7 +1,11 @@
 #include "steps.hpp"
 
+#include "company/msg暗証番号確認.hpp"
+#include "entry/msgお待ち.hpp"
+#include "entry/wnd摘要.hpp"
 #include "frontend/qt/pictures.hpp"
 #include "screen/hand.hpp"
+#include "session/rosterSession.hpp"
 
 #include <array>
 #include <cstdio>
@@ -47,6 +51,31 @@ void page(std::string_view number) {
     if (!tab || !hand::page(*tab, number[0] - '0')) fail(number);
 }
 
+void press(std::string_view key) {
+    hand::key(key == "Tab" ? screen::Key::Tab : key == "Ctrl" ? screen::Key::Ctrl : screen::Key::Esc);
+}
+
+void sortBySecondColumn(std::string_view list) {
+    screen::Control* rows = find(list);
+    if (!rows || !hand::header(*rows, 1)) fail(list);
+}
+
+// The windows that an addressee looked at and left as it is doesn't come upon. Each waits here for its close.
+void signIn(std::string_view caption) {
+    showSignIn(std::string(caption));
+}
+
+void memo(std::string_view field) {
+    rosterSession.lookupTarget = find(field);
+    rosterSession.lookupCondition = "摘要";
+    showMemoWindow();
+}
+
+void wait(std::string_view pictureName) {
+    const WaitDialog shown;
+    picture(pictureName);
+}
+
 struct Step {
     void (*act)(std::string_view);
     std::string_view with;
@@ -66,10 +95,46 @@ constexpr std::array steps{
     Step{page, "2"},
     Step{picture, "5-attachments"},
     Step{page, "0"},
+    Step{click, "btn_名簿No"},
     Step{click, "btn_画面クリア"},
-    Step{picture, "6-question"},
+    Step{sortBySecondColumn, "List名簿No"},
+    Step{picture, "6-rosters"},
+    Step{press, "Esc"},
+    Step{click, "btn_担当者コード"},
+    Step{picture, "7-staff"},
+    Step{press, "Esc"},
+    Step{click, "btn_部門コード"},
+    Step{picture, "8-departments"},
+    Step{press, "Esc"},
+    Step{click, "宛先郵便番号"},
+    Step{press, "Ctrl"},
+    Step{picture, "9-postal-codes"},
+    Step{press, "Esc"},
+    Step{click, "得意先コード"},
+    Step{press, "Ctrl"},
+    Step{picture, "10-customers"},
+    Step{press, "Esc"},
+    Step{memo, "宛先摘要"},
+    Step{picture, "11-memo-window"},
+    Step{press, "Esc"},
+    Step{click, "btn_登録"},
+    Step{picture, "12-save"},
+    Step{press, "Esc"},
+    Step{wait, "13-wait"},
+    Step{signIn, "営業支援/暗証確認"},
+    Step{typeOver, "1"},
+    Step{press, "Tab"},
+    Step{typeOver, "1234"},
+    Step{picture, "14-sign-in"},
+    Step{typeOver, "4321"},
+    Step{click, "btn_OK"},
+    Step{picture, "15-wrong-pin"},
+    Step{answer, "OK"},
+    Step{press, "Esc"},
+    Step{click, "btn_画面クリア"},
+    Step{picture, "16-question"},
     Step{answer, "はい"},
-    Step{picture, "7-new-entry"},
+    Step{picture, "17-new-entry"},
     Step{click, "btn_終了"},
 };
 

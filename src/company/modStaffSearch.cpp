@@ -52,7 +52,7 @@ bool findStaffByCode(std::string_view code, FoundStaff& found) {
         const auto stored = records.textOrNull("暗証番号");
         found.pin = stored ? decode(*stored) : "";
         staff.ログインID = records.text("ログインID", "");
-        staff.accessLevel = static_cast<std::int16_t>(text::leadingNumber(records.text("アクセス権限", "0")));
+        staff.accessLevel = text::leadingShort(records.text("アクセス権限", ""));
         takeRights(records);
     }
     records.close();

@@ -46,15 +46,13 @@ platform::Status copyPlainFile(std::string_view source, std::string_view key) {
 }
 
 void copyWholeFolder(std::string_view source, const std::string& target) {
-    showWaitDialog();
+    const WaitDialog wait;
     copyFolder(source, target);
-    closeWaitDialog();
 }
 
 void deleteWholeFolder(const std::string& target) {
-    showWaitDialog();
+    const WaitDialog wait;
     deleteFolder(target);
-    closeWaitDialog();
 }
 
 // Begins with the name, whatever comes behind it.

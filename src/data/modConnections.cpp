@@ -191,7 +191,6 @@ void copyLocalFile(const std::string& name, const std::string& from, const std::
 void copyReportFiles(const std::string& extension) {
     std::vector<std::string> names = {"repdb" + extension, "repfrmdb" + extension};
     if (installation.repdbKind == 2) names.push_back("repfrmdb.accdb");
-    showWaitDialog();
     for (const auto& name : names) copyLocalFile(name, installation.reportFolder, installation.localReportFolder);
 }
 
@@ -268,11 +267,14 @@ void preparePerUserFiles() {
     const std::string extension = fileForms[installation.repdbKind].extension;
     const std::string reportDatabase = platform::joinPath(installation.localReportFolder, "repdb" + extension);
     makeFolderPath(reportDatabase);
-    if (!fileExists(reportDatabase)) copyReportFiles(extension);
+    std::optional<WaitDialog> wait;
+    if (!fileExists(reportDatabase)) {
+        wait.emplace();
+        copyReportFiles(extension);
+    }
     // Where the office suite is, the copies' linked tables would now be turned to the copied repdb. Links of that kind
     // exist in the suite's own files alone; the databases of this platform have none, and nothing to turn.
     registerAccessFolder();
-    closeWaitDialog();
 }
 
 } // namespace kestrel

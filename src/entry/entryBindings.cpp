@@ -1,6 +1,7 @@
 #include "entry/entryBindings.hpp"
 
 #include "entry/entrySteps.hpp"
+#include "entry/modLookups.hpp"
 #include "entry/modNavigation.hpp"
 #include "entry/modPrinting.hpp"
 #include "entry/modSaving.hpp"
@@ -17,6 +18,10 @@ template <void (*step)(screen::Control&)> void on(const screen::Occurrence& occu
     if (!rosterSession.refreshing) step(occurrence.control);
 }
 
+template <void (*step)(screen::Control&)> void onCtrl(const screen::Occurrence& occurrence) {
+    if (occurrence.key == screen::Key::Ctrl) on<step>(occurrence);
+}
+
 // clang-format off: one line a control
 constexpr screen::Binding table[] = {
     {"名簿日付年", gotFocus, on<enterField>},
@@ -27,6 +32,8 @@ constexpr screen::Binding table[] = {
     {"名簿日付日", lostFocus, on<leaveField>},
     {"名簿No", gotFocus, on<enterField>},
     {"名簿No", lostFocus, on<leaveField>},
+    {"名簿No", keyDown, onCtrl<openLookup>},
+    {"名簿No", doubleClick, on<openLookupByDoubleClick>},
     {"名簿名称", gotFocus, on<enterField>},
     {"担当者コード", gotFocus, on<enterField>},
     {"担当者名", gotFocus, on<enterField>},
@@ -36,6 +43,8 @@ constexpr screen::Binding table[] = {
     {"セクション名", gotFocus, on<enterField>},
     {"名簿宛先No", gotFocus, on<enterField>},
     {"名簿宛先No", lostFocus, on<leaveField>},
+    {"名簿宛先No", keyDown, onCtrl<openLookup>},
+    {"名簿宛先No", doubleClick, on<openLookupByDoubleClick>},
     {"ヘッド終了", gotFocus, on<passHeadEnd>},
 
     {"宛先名称A", gotFocus, on<enterField>},
@@ -49,6 +58,8 @@ constexpr screen::Binding table[] = {
     {"宛先名称C", lostFocus, on<leaveField>},
     {"宛先郵便番号", gotFocus, on<enterField>},
     {"宛先郵便番号", lostFocus, on<leaveField>},
+    {"宛先郵便番号", keyDown, onCtrl<openLookup>},
+    {"宛先郵便番号", doubleClick, on<openLookupByDoubleClick>},
     {"宛先住所A", gotFocus, on<enterField>},
     {"宛先住所A", change, on<checkLength>},
     {"宛先住所A", lostFocus, on<leaveField>},
@@ -82,12 +93,20 @@ constexpr screen::Binding table[] = {
     {"宛先EMAIL", lostFocus, on<leaveField>},
     {"得意先コード", gotFocus, on<enterField>},
     {"得意先コード", lostFocus, on<leaveField>},
+    {"得意先コード", keyDown, onCtrl<openLookup>},
+    {"得意先コード", doubleClick, on<openLookupByDoubleClick>},
     {"納品先コード", gotFocus, on<enterField>},
     {"納品先コード", lostFocus, on<leaveField>},
+    {"納品先コード", keyDown, onCtrl<openLookup>},
+    {"納品先コード", doubleClick, on<openLookupByDoubleClick>},
     {"仕入先コード", gotFocus, on<enterField>},
     {"仕入先コード", lostFocus, on<leaveField>},
+    {"仕入先コード", keyDown, onCtrl<openLookup>},
+    {"仕入先コード", doubleClick, on<openLookupByDoubleClick>},
     {"メーカコード", gotFocus, on<enterField>},
     {"メーカコード", lostFocus, on<leaveField>},
+    {"メーカコード", keyDown, onCtrl<openLookup>},
+    {"メーカコード", doubleClick, on<openLookupByDoubleClick>},
     {"テイル終了", gotFocus, on<passTailEnd>},
     {"宛先摘要", gotFocus, on<enterField>},
     {"宛先摘要", lostFocus, on<leaveField>},
@@ -103,10 +122,20 @@ constexpr screen::Binding table[] = {
     {"bak_dtla", click, on<pressCaption>},
     {"prg_ttl", click, on<returnFocus>},
 
+    {"btn_名簿No", click, on<openLookup>},
+    {"btn_担当者コード", click, on<openLookup>},
+    {"btn_部門コード", click, on<openLookup>},
+    {"btn_セクションコード", click, on<openLookup>},
+    {"btn_名簿宛先No", click, on<openLookup>},
     {"btn_前No", click, on<pressStep>},
     {"btn_次No", click, on<pressStep>},
     {"btn_前明細No", click, on<pressStep>},
     {"btn_次明細No", click, on<pressStep>},
+    {"btn_名簿No", click, on<openLookup>},
+    {"btn_担当者コード", click, on<openLookup>},
+    {"btn_部門コード", click, on<openLookup>},
+    {"btn_セクションコード", click, on<openLookup>},
+    {"btn_名簿宛先No", click, on<openLookup>},
 
     {"btn_得意先登録", click, on<pressPartner>},
     {"btn_納品先登録", click, on<pressPartner>},

@@ -78,8 +78,14 @@ void leaveTelephone(screen::Control& field, const FieldRule& rule) {
     showEntry();
 }
 
+// A number is shown as masked, also when it is the one that stood there.
+std::string takeMasked(screen::Control& field, std::string_view mask) {
+    screen::setText(field, formatToMask(field.text, mask));
+    return field.text;
+}
+
 void leaveRosterNo(screen::Control& field, const FieldRule&) {
-    const int result = changeRosterNo(formatToMask(field.text, "00000000"));
+    const int result = changeRosterNo(takeMasked(field, "00000000"));
     if (result == -1) {
         takeRosterHeader();
         assignNextAddresseeNo();
@@ -93,7 +99,7 @@ void leaveRosterNo(screen::Control& field, const FieldRule&) {
 }
 
 void leaveAddresseeNo(screen::Control& field, const FieldRule&) {
-    const int result = changeAddresseeNo(formatToMask(field.text, "000000"));
+    const int result = changeAddresseeNo(takeMasked(field, "000000"));
     if (result == 1) return;
     if (result == -1)
         takeAddressee();
@@ -106,6 +112,7 @@ void leaveAddresseeNo(screen::Control& field, const FieldRule&) {
 void leavePostalCode(screen::Control& field, const FieldRule&) {
     const int result = changePostalCode(field.text);
     if (result == 1) return;
+    if (result == 9) return showNotice("正しいコードを入力してください。"); // a hook: no code comes to this
     if (result == -1)
         takePostalCode();
     else

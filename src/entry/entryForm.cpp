@@ -4,8 +4,8 @@
 #include "company/modRights.hpp"
 #include "data/modGateway.hpp"
 #include "entry/entryBindings.hpp"
-#include "entry/entryButtons.hpp"
 #include "entry/frm連絡台帳入力.hpp"
+#include "lists/listFrame.hpp"
 #include "screen/focus.hpp"
 #include "session/companyValues.hpp"
 #include "session/modStart.hpp"
@@ -82,13 +82,13 @@ screen::Control& entryControl(std::string_view name) {
 }
 
 void makeEntryForm() {
+    forgetLists();
     holder() = std::make_unique<Frm連絡台帳入力>();
     screen::Window& window = holder()->window;
     window.bindings = entryBindings();
     window.load = loadEntryForm;
     window.closeRequest = [](screen::Window&) { requestExit(); };
     rosterSession.currentForm = &window;
-    disableAbsentActions();
 }
 
 void showEntryForm() {

@@ -99,11 +99,12 @@ void saveEntry() {
         return;
     }
     if (confirmSave(installation.programId, "") == 2) return screen::setFocus(*rosterSession.lastLeftField);
-    showWaitDialog();
-    writeEntry();
-    if (rosterSession.printChoice == 0) printAfterSave();
-    clearScreen();
-    closeWaitDialog();
+    {
+        const WaitDialog wait;
+        writeEntry();
+        if (rosterSession.printChoice == 0) printAfterSave();
+        clearScreen();
+    }
     goOn();
 }
 
@@ -124,11 +125,12 @@ static bool confirmDelete() {
 void pressDelete(screen::Control&) {
     if (!mayAct(3)) return refuse();
     if (!confirmDelete()) return screen::setFocus(*rosterSession.lastLeftField);
-    showWaitDialog();
-    rosterSession.operationKind = "2";
-    deleteAddressee();
-    clearScreen();
-    closeWaitDialog();
+    {
+        const WaitDialog wait;
+        rosterSession.operationKind = "2";
+        deleteAddressee();
+        clearScreen();
+    }
     goOn();
 }
 

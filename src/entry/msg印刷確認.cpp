@@ -18,8 +18,8 @@ struct Msg印刷確認 {
         return addControl(
             window, {.name = name, .kind = Kind::SSCommand, .caption = caption, .place = place, .tabIndex = tabIndex});
     }
-    Control& lab_inpmsg = label("lab_inpmsg", {360, 180, 4920, 300});
-    Control& lab_msg = label("lab_msg", {360, 540, 4920, 330});
+    Control& lab_inpmsg = label("lab_inpmsg", {360, 660, 4920, 300});
+    Control& lab_msg = label("lab_msg", {360, 300, 4920, 330});
     Control& btn_登録 = button("btn_登録", "登録のみ", {360, 1140, 1560, 420}, 0);
     Control& btn_いいえ = button("btn_いいえ", "いいえ", {2040, 1140, 1560, 420}, 1);
     Control& btn_登録印刷 = button("btn_登録印刷", "登録と印刷", {3720, 1140, 1560, 420}, 2);

@@ -1,4 +1,7 @@
 // The run: what the person at the program does.
+#include "entry/wnd摘要.hpp"
+#include "lists/listFrame.hpp"
+#include "lists/listWindows.hpp"
 #include "platform/journal.hpp"
 #include "scenario/calls.hpp"
 #include "scenario/names.hpp"
@@ -10,6 +13,7 @@
 #include "scenario/tables.hpp"
 #include "screen/hand.hpp"
 #include "screen/message.hpp"
+#include "session/rosterSession.hpp"
 
 #include <algorithm>
 #include <array>
@@ -141,6 +145,30 @@ void setProperty(const Arguments& arguments) {
     writeProperty(*subject.control, subject.property, arguments[1]);
 }
 
+// The windows that no control of the program opens.
+struct Opened {
+    std::string_view window;
+    void (*show)();
+};
+constexpr std::array openedWindows{Opened{"wnd摘要", showMemoWindow}};
+
+// As the entry form opens one.
+void openListWindow(const ListSpec& list, const Arguments& arguments) {
+    Control& target = controlNamed(arguments[1]);
+    screen::setEnabled(*rosterSession.currentForm, false);
+    openList(list, arguments[2], target, target);
+}
+
+void openWindow(const Arguments& arguments) {
+    if (const ListSpec* list = findListSpec(arguments[0])) return openListWindow(*list, arguments);
+    const auto found = std::find_if(openedWindows.begin(), openedWindows.end(),
+                                    [&](const Opened& row) { return row.window == arguments[0]; });
+    if (found == openedWindows.end()) throw ScenarioError("no window " + arguments[0] + " to open");
+    rosterSession.lookupTarget = &controlNamed(arguments[1]);
+    rosterSession.lookupCondition = arguments[2];
+    found->show();
+}
+
 constexpr unsigned act = whileRunning | atRest | action;
 constexpr unsigned actAtBox = whileRunning | action;
 
@@ -164,6 +192,8 @@ constexpr std::array verbs{
     Verb{"call", "wm", whileRunning | action, callOperation},
     Verb{"session", "wt", whileRunning, setSession},
     Verb{"set", "ww", whileRunning, setProperty},
+    Verb{"handover", "t", whileRunning, [](const Arguments& a) { handedOverCondition = a[0]; }},
+    Verb{"open", "wwt", act, openWindow},
 };
 
 } // namespace

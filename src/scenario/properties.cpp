@@ -1,5 +1,6 @@
 #include "scenario/properties.hpp"
 
+#include "lists/listFrame.hpp"
 #include "scenario/names.hpp"
 #include "scenario/scenario_error.hpp"
 #include "screen/hand.hpp"
@@ -42,6 +43,23 @@ std::string columns(const Control& control) {
     return joined(parts);
 }
 
+// What searches go by: the held text of a search field, the number of a status. Empty for any other control.
+std::string held(const Control& control) {
+    const ListWindow* list = findListOf(*control.window);
+    if (!list) return "";
+    for (std::size_t i = 0; i < list->held.size(); ++i)
+        if (list->spec.fields[i].name == control.name) return list->held[i];
+    for (std::size_t i = 0; i < list->selections.size(); ++i)
+        if (list->spec.statuses[i].number == control.name) return std::to_string(list->selections[i]);
+    return "";
+}
+
+const ListWindow& listWindow(const Window& window) {
+    const ListWindow* list = findListOf(window);
+    if (!list) throw ScenarioError(window.name + " is no list window");
+    return *list;
+}
+
 struct ControlProperty {
     std::string_view name;
     std::string (*read)(const Control&);
@@ -75,6 +93,7 @@ constexpr std::array controlProperties{
                         return std::string(c.sortOrder == screen::SortOrder::ascending ? "ascending" : "descending");
                     }},
     ControlProperty{"sorted", [](const Control& c) { return yesNo(c.sorted); }},
+    ControlProperty{"held", held},
 };
 
 struct WindowProperty {
@@ -88,6 +107,8 @@ constexpr std::array windowProperties{
     WindowProperty{"visible", [](const Window& w) { return yesNo(w.shown); }},
     WindowProperty{"width", [](const Window& w) { return std::to_string(w.width); }},
     WindowProperty{"height", [](const Window& w) { return std::to_string(w.height); }},
+    WindowProperty{"querySql", [](const Window& w) { return listWindow(w).querySql; }},
+    WindowProperty{"searchMode", [](const Window& w) { return std::to_string(listWindow(w).searchMode); }},
 };
 
 struct WritableProperty {

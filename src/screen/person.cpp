@@ -81,6 +81,15 @@ void tabKey(Window& window, bool backward) {
     if (next) setFocus(*next);
 }
 
+bool previewed(Window& window, Key which) {
+    try {
+        return window.keyPreview && window.keyPreview(window, which);
+    } catch (const std::exception& error) {
+        reportRaised(window, error);
+        return true;
+    }
+}
+
 void ownEffect(Window& window, Control* focused, Key which) {
     switch (which) {
     case Key::Tab:
@@ -136,6 +145,7 @@ bool edit(Control& field, std::string_view text) {
 
 void key(Window& window, Key which, bool repeat) {
     if (ended() || waiting() || !usable(window) || (which == Key::Ctrl && repeat)) return;
+    if (previewed(window, which)) return;
     Control* focused = window.focus;
     if (focused && focused->enabled) raise({*focused, Event::keyDown, which});
     if (!ended() && usable(window) && window.focus == focused) ownEffect(window, focused, which);

@@ -19,9 +19,9 @@ bool pressTwice(Control& control);
 // page of the field to the front.
 bool edit(Control& field, std::string_view text);
 
-// A key on the control that has the focus. First its keyDown handler; then what the key does by itself: Tab moves on,
-// Enter and Space press a button, Enter elsewhere the default button, Esc the cancel button, arrows, Home and End move
-// in a list or drop-down. repeat: the key is held.
+// A key on the control that has the focus. First the window's own preview, then the control's keyDown handler; then
+// what the key does by itself: Tab moves on, Enter and Space press a button, Enter elsewhere the default button, Esc
+// the cancel button, arrows, Home and End move in a list or drop-down. repeat: the key is held.
 void key(Window& window, Key which, bool repeat = false);
 
 bool choose(Control& dropDown, int index); // picks a row: the drop-down gets the focus, then its change event is raised

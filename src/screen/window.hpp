@@ -77,10 +77,11 @@ struct Window {
     std::deque<Control> controls; // a deque, so that references to controls stay good
     Control* focus = nullptr;
     std::span<const Binding> bindings;
-    void (*load)(Window&) = nullptr;         // runs once before the first show, and again after an unload
-    void (*closeRequest)(Window&) = nullptr; // the close box; the request itself is always cancelled
-    Control* defaultButton = nullptr;        // takes Enter from anything that has no use for it
-    Control* cancelButton = nullptr;         // takes Esc
+    void (*load)(Window&) = nullptr;            // runs once before the first show, and again after an unload
+    void (*closeRequest)(Window&) = nullptr;    // the close box; the request itself is always cancelled
+    bool (*keyPreview)(Window&, Key) = nullptr; // sees a key ahead of the controls; true: it goes no further
+    Control* defaultButton = nullptr;           // takes Enter from anything that has no use for it
+    Control* cancelButton = nullptr;            // takes Esc
 };
 
 // How a screen's own record makes its controls: fill in what the kind needs, the rest stays at its default.

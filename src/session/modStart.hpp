@@ -9,6 +9,7 @@ namespace kestrel {
 // entry form and gives the first focus. The caller then waits in frontend::waitUntilEnded(). When the start fails the
 // process has ended (screen::ended()) on return: with status 0 after a refusal, 1 after an error that nobody caught.
 void startProgram(const std::string& commandLine);
+
 bool openProgram();     // false: the databases can't be used; nothing is raised
 bool loadStartValues(); // the company profile, today's date; true when the profile could be read
 void closeProgram();    // end lines, connections closed; harmless after a failed openProgram()

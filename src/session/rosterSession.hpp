@@ -45,6 +45,8 @@ struct RosterSession {
     std::string lookupCondition;
     screen::Control* lookupTarget = nullptr;
     screen::Control* lookupNextControl = nullptr;
+    screen::Window* lookupParent = nullptr;      // the list window that opened the one shown; none: the entry form did
+    std::int16_t lookupNested = 0;               // 1 while it did; one value, not a stack
     screen::Control* lastLeftField = nullptr;    // buttons that refuse or finish give the focus back to it
     screen::Control* lastEnteredField = nullptr; // the field or caption that last took the focus
     screen::Control* firstField = nullptr;       // 宛先名称A, the home position of the focus

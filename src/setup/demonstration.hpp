@@ -15,6 +15,11 @@ inline constexpr std::size_t firstMaker = 1451, makers = 110;
 inline constexpr std::size_t firstProspect = 1561, prospects = 500;
 inline constexpr std::size_t deliveries = 380; // each one a place of some customer
 
+// The addressee of company 0, in the year of the installation's making.
+inline constexpr const char* exampleOffice = "001";
+inline constexpr const char* exampleRoster = "00000012";
+inline constexpr const char* exampleAddressee = "000003";
+
 // Everything: offices, staff, postal codes, partners, rosters.
 void addDemonstration(Rows& rows, const Place& place);
 

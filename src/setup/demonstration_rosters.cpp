@@ -184,7 +184,7 @@ void setGaps(Row& row, std::size_t serial) {
 
 void addAddressees(Rows& rows, const Staff& staff, const Roster& roster, bool current, std::size_t& serial) {
     for (std::size_t number = 1; number <= roster.addressees; ++number, ++serial) {
-        const bool example = current && roster.number == "00000012" && number == 3;
+        const bool example = current && roster.number == exampleRoster && padded(number, 6) == exampleAddressee;
         Row row = addresseeRow(staff, roster, number, serial, example);
         if (example) {
             setExample(row);

@@ -152,4 +152,8 @@ std::string takeConditionValue(std::string_view column, std::string& condition) 
     return found.op->text == likeOperator ? stripPercent(value) : value;
 }
 
+bool conditionHolds(std::string_view condition, std::string_view words) {
+    return find(foldedCharacters(condition), words) != 0;
+}
+
 } // namespace kestrel

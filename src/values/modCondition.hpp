@@ -12,4 +12,7 @@ namespace kestrel {
 // The value ends at the first apostrophe, doubled or not. Of a LIKE condition every "%" is dropped from the value.
 std::string takeConditionValue(std::string_view column, std::string& condition);
 
+// Whether these words occur anywhere in the condition, letter case ignored likewise.
+bool conditionHolds(std::string_view condition, std::string_view words);
+
 } // namespace kestrel

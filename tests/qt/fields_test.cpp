@@ -183,7 +183,7 @@ TEST_F(FieldsTest, TheFirstKeyForAHiddenPageBringsItToTheFrontAndIsNotLost) {
     EXPECT_EQ(hand::shownFocus(*form), &control("メモ"));
     hand::typeOver("x");
     EXPECT_EQ(hand::shownValue(control("tab_詳細")), 1);
-    EXPECT_EQ(control("メモ").text, "x");
+    EXPECT_EQ(control("メモ").text, "一行目\r\n二行目x");
     EXPECT_EQ(top().focusWidget(), &widget<QPlainTextEdit>("メモ"));
 }
 
@@ -191,7 +191,7 @@ TEST_F(FieldsTest, AConvertedTextForAHiddenPageIsNotLostEither) {
     focusOn("メモ");
     hand::typeOver("漢字");
     EXPECT_EQ(hand::shownValue(control("tab_詳細")), 1);
-    EXPECT_EQ(control("メモ").text, "漢字");
+    EXPECT_EQ(control("メモ").text, "一行目\r\n二行目漢字");
 }
 
 TEST_F(FieldsTest, TheInputModeTellsTheInputMethod) {

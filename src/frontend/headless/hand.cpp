@@ -76,18 +76,22 @@ std::string withoutLastCharacter(std::string_view text) {
     return all.empty() ? std::string() : std::string(text.substr(0, text.size() - all.back().size()));
 }
 
-// The field whose cursor stands at the end of its text, by a press or an edit. Any other field that gets the focus has
-// its whole text selected.
+// The field whose cursor stands at the end of its text, by a press or an edit. Any other one-line field that gets the
+// focus has its whole text selected; a memo is gone on with.
 const screen::Control* cursorIn = nullptr;
 
+bool cursorBehind(const screen::Control& field) {
+    return cursorIn == &field || field.kind == screen::Kind::xText;
+}
+
 void editBehind(screen::Control& field, std::string_view added) {
-    const std::string kept = cursorIn == &field ? field.text : std::string();
+    const std::string kept = cursorBehind(field) ? field.text : std::string();
     cursorIn = &field;
     screen::edit(field, kept + std::string(added));
 }
 
 void deleteIn(screen::Control& field, screen::Key which) {
-    const bool all = cursorIn != &field;
+    const bool all = !cursorBehind(field);
     cursorIn = &field;
     if (all)
         screen::edit(field, "");
@@ -163,7 +167,9 @@ void typeOver(std::string_view text) {
     if (!field) return;
     if (text.empty() && !field->text.empty()) screen::edit(*field, "");
     headless::cursorIn = field;
-    bool replacing = true;
+    // Nobody selects what isn't on the screen: the first key brings a memo's page to the front, and goes behind its
+    // text.
+    bool replacing = field->kind != screen::Kind::xText || screen::pageShown(*field);
     for (std::string_view character : text::characters(text)) {
         if (screen::ended() || headless::focusedField() != field) return;
         headless::typeCharacter(*field, character, replacing);

@@ -51,7 +51,7 @@ QLineEdit:focus { padding: 0px 1px; }
 QPlainTextEdit, QTableView { padding: 1px; }
 QPlainTextEdit:focus, QTableView:focus { padding: 0px; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #eceef1; color: #7f8895; border-color: #d9dde3; }
-QComboBox { padding: 0px 3px 0px 4px; }
+QComboBox { padding: 0px 3px 0px 4px; combobox-popup: 0; }
 QComboBox:focus { padding: 0px 2px 0px 3px; }
 QComboBox::drop-down { border: none; width: 16px; }
 QComboBox::down-arrow { image: none; }
@@ -78,6 +78,7 @@ QLabel[role="caption"] { color: #4c5666; padding: 0px 2px; }
 QLabel[role="notice"] { background: #fff7e0; color: #5c4300; border: 1px solid #ecd9a4; border-radius: 3px; padding: 0px 8px; }
 QLabel[role="silent"] { padding: 0px 8px; border: 1px solid #dfe3e9; border-radius: 3px; }
 QLabel[role="press"] { background: #ffffff; color: #2563a8; border: 1px solid #b7bfca; border-radius: 4px; }
+QLabel[role="press"]:disabled { background: #eff1f4; color: #a3aab5; border-color: #dde1e7; }
 )";
 
 // Exactly the screen's own ratio where the base font is the one meant; more where a substitute runs larger.
@@ -103,7 +104,7 @@ Role roleOf(const screen::Control& control) {
     const std::string_view name = control.name;
     if (control.notice) return Role::notice;
     if (control.kind == screen::Kind::xLabel) return Role::label;
-    if (name.ends_with("_ttl")) return Role::title;
+    if (name.ends_with("ttl")) return Role::title;
     if (name.starts_with("itm_ttl_")) return Role::caption;
     return control.caption.empty() ? Role::ground : Role::press;
 }

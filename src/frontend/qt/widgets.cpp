@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextCursor>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -193,7 +194,8 @@ std::vector<QObject*> eventParts(QWidget& widget) {
 void enterWidget(QWidget& widget) {
     widget.setFocus(Qt::OtherFocusReason);
     if (auto* line = qobject_cast<QLineEdit*>(&widget)) line->selectAll();
-    if (auto* memo = qobject_cast<QPlainTextEdit*>(&widget)) memo->selectAll();
+    // A memo is gone on with, not replaced: one key must not take all its lines away.
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(&widget)) memo->moveCursor(QTextCursor::End);
 }
 
 QTabBar& barOf(const QWidget& tabStrip) {

@@ -2,6 +2,7 @@
 
 #include "platform/clock.hpp"
 #include "platform/database/sqlite_handle.hpp"
+#include "platform/database/sqlite_statements.hpp"
 
 #include <algorithm>
 #include <vector>
@@ -16,9 +17,11 @@ using platform::Status;
 struct SqliteDatabase {
     sqlite3* handle = nullptr; // null: closed
     int waiting = -1;          // what the engine was told last, seconds
+    double waitingSince = 0;   // for a busy database
     int running = 0;
     double deadline = 0; // of the statement that runs now
     std::vector<SqliteResult*> live;
+    KeptStatements kept;
 };
 
 struct SqliteResult {
@@ -44,6 +47,18 @@ int lateForDeadline(void* database) {
 
 void startTiming(SqliteDatabase& database) {
     if (database.running > 0) database.deadline = platform::secondsRunning() + database.running;
+}
+
+// The engine's own waiting sleeps ever longer, so that of two processes that write again and again one could wait for
+// all that the other has to do.
+int waitForTurn(void* waiting, int tries) {
+    constexpr int pause = 2; // milliseconds, less than one write to a disk takes
+    auto& database = *static_cast<SqliteDatabase*>(waiting);
+    const double now = platform::secondsRunning();
+    if (tries == 0) database.waitingSince = now;
+    if (now - database.waitingSince >= database.waiting) return 0;
+    sqlite3_sleep(pause);
+    return 1;
 }
 
 void forget(SqliteResult& result) {
@@ -143,10 +158,21 @@ std::optional<Failure> refuseColumns(sqlite3_stmt* statement) {
     int columns = sqlite3_column_count(statement);
     if (columns == 0) return refuse("the statement answers no rows");
     for (int column = 0; column < columns; ++column) {
-        std::string name = sqlite3_column_name(statement, column);
-        if (madeUpName(name)) return refuse("the engine made up the column name " + name);
+        std::string_view name = sqlite3_column_name(statement, column);
+        if (madeUpName(name)) return refuse("the engine made up the column name " + std::string(name));
     }
     return std::nullopt;
+}
+
+// A statement that answers rows under names that a caller can find.
+Result<sqlite3_stmt*> prepareRead(SqliteDatabase& database, const std::string& sql) {
+    if (sqlite3_stmt* kept = database.kept.take(sql)) return kept;
+    auto statement = prepare(database.handle, sql);
+    if (!statement) return statement;
+    auto refused = refuseColumns(statement.value());
+    if (!refused) return statement;
+    sqlite3_finalize(statement.value());
+    return *refused;
 }
 
 } // namespace
@@ -154,7 +180,7 @@ std::optional<Failure> refuseColumns(sqlite3_stmt* statement) {
 SqliteResult::~SqliteResult() {
     if (!usable(*this)) return;
     forget(*this);
-    sqlite3_finalize(statement);
+    database->kept.give(statement);
 }
 
 SqliteRows::SqliteRows(std::unique_ptr<SqliteResult> content) : result(std::move(content)) {}
@@ -201,13 +227,14 @@ SqliteConnection& SqliteConnection::operator=(SqliteConnection&& other) noexcept
 void SqliteConnection::close() {
     if (!database || !database->handle) return;
     database->live.clear();
+    database->kept.clear();
     while (sqlite3_stmt* open = sqlite3_next_stmt(database->handle, nullptr)) sqlite3_finalize(open);
     sqlite3_close(database->handle);
     database->handle = nullptr;
 }
 
 void SqliteConnection::limit(int waiting, int running) {
-    if (database->waiting != waiting) sqlite3_busy_timeout(database->handle, waiting * 1000);
+    if (database->waiting != waiting) sqlite3_busy_handler(database->handle, waitForTurn, database.get());
     if (database->running != running)
         sqlite3_progress_handler(database->handle, stepsBetweenLooks, running > 0 ? lateForDeadline : nullptr,
                                  database.get());
@@ -230,12 +257,11 @@ Status SqliteConnection::execute(const std::string& sql) {
 Result<SqliteRows> SqliteConnection::open(const std::string& sql) {
     keepAllRests(*database);
     startTiming(*database);
-    auto statement = prepare(database->handle, sql);
+    auto statement = prepareRead(*database, sql);
     if (!statement) return statement.failure();
     auto result = std::make_unique<SqliteResult>();
     result->database = database;
     result->statement = statement.value();
-    if (auto refused = refuseColumns(result->statement)) return *refused;
     database->live.push_back(result.get());
     if (auto stepped = stepEngine(*result); !stepped) return stepped.failure();
     result->anyRow = !result->ended;

@@ -306,7 +306,7 @@ TEST_F(Place, AnUnknownKindOpensNothingAndCountsAsOpen) {
     EXPECT_TRUE(openMainDatabase());
     EXPECT_TRUE(connections.mainOpen);
     EXPECT_FALSE(connections.mainConnection.isOpen());
-    EXPECT_EQ(history().size(), 3U); // cleaning, reading and writing the usage record
+    EXPECT_EQ(history().size(), 4U); // cleaning, reading and writing the usage record, and the rights
     EXPECT_EQ(staff.staffCode, "00001");
 }
 

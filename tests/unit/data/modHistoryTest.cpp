@@ -113,6 +113,9 @@ TEST_F(History, UsageOfAFirstRun) {
                      "SELECT * FROM 使用状況 WHERE コンピュータID = 'KESTREL' AND ユーザID = 'operator'",
                      "INSERT INTO 使用状況 (コンピュータID,ユーザID,プログラムID,開始日時,終了日時)VALUES ('KESTREL', "
                      "'operator', '連絡台帳入力', '20240515 093000', '')",
+                     "SELECT 担当者別操作許可プログラム.* FROM 担当者別操作許可プログラム WHERE "
+                     "担当者別操作許可プログラム.担当者コード = '00001' AND 担当者別操作許可プログラム.業務メニュ = "
+                     "'営業支援' AND 担当者別操作許可プログラム.プログラムID = '連絡台帳入力'",
                      "SELECT * FROM 使用状況 WHERE コンピュータID = 'KESTREL' AND ユーザID = 'operator'",
                      "UPDATE 使用状況 SET プログラムID = '連絡台帳入力', 終了日時 = '20240515 093101' WHERE "
                      "コンピュータID = 'KESTREL' AND ユーザID = 'operator'"}));

@@ -79,7 +79,7 @@ TEST_F(EntryScreen, ButtonsFollowTheStateOfTheRecord) {
     EXPECT_TRUE(form.btn_削除.enabled);
 }
 
-TEST_F(EntryScreen, AClearKeepsTheRosterDateAndTheBaseDate) {
+TEST_F(EntryScreen, AClearKeepsTheRosterDateAndAsksForItsBaseDate) {
     rosterSession.名簿日付年 = "2024";
     rosterSession.名簿日付月 = "05";
     rosterSession.名簿日付日 = "15";
@@ -93,7 +93,7 @@ TEST_F(EntryScreen, AClearKeepsTheRosterDateAndTheBaseDate) {
     clearEntry();
     EXPECT_EQ(rosterSession.名簿日付年 + rosterSession.名簿日付月 + rosterSession.名簿日付日, "20240515");
     EXPECT_EQ(rosterSession.名簿日付, "20240515");
-    EXPECT_EQ(rosterSession.番号基準日付, "99999999");
+    EXPECT_EQ(rosterSession.番号基準日付, ""); // no database, no register
     EXPECT_EQ(rosterSession.発送日付年 + rosterSession.発送日付, "");
     EXPECT_EQ(rosterSession.承認区分 + rosterSession.宛先ID + rosterSession.得意先登録日付 + rosterSession.宛先摘要,
               "");

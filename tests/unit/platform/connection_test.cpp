@@ -120,7 +120,8 @@ bool asOrdinaryUser(const Scratch& scratch, bool (*step)(const std::string&), co
     std::filesystem::permissions(scratch.folder, std::filesystem::perms(0755));
     pid_t child = fork();
     if (child == 0) {
-        bool user = getuid() != 0 || (setgid(65534) == 0 && setuid(65534) == 0);
+        // Root that may not become another has lost what sets it above the permissions, and is as good as ordinary.
+        bool user = getuid() != 0 || setgid(65534) != 0 || setuid(65534) == 0;
         bool held = false;
         try {
             held = user && step(path);
@@ -145,11 +146,15 @@ TEST_F(OpenConnection, readsAFileThatCannotBeWritten) {
     std::string path = scratch.path("a.db");
     makeDatabase(path, {"CREATE TABLE a (b TEXT)", "INSERT INTO a VALUES ('x')"});
     chmod(path.c_str(), 0444);
-    EXPECT_TRUE(asOrdinaryUser(scratch, readsButDoesNotWrite, path)) << "in a folder that can't be written either";
-    std::filesystem::permissions(scratch.folder, std::filesystem::perms(0777));
     std::filesystem::create_directory(scratch.path("open"));
     chmod(scratch.path("open").c_str(), 0777);
     std::filesystem::copy(path, scratch.path("open/a.db"));
+    std::filesystem::create_directory(scratch.path("closed"));
+    std::filesystem::copy(path, scratch.path("closed/a.db"));
+    chmod(scratch.path("closed").c_str(), 0555);
+    EXPECT_TRUE(asOrdinaryUser(scratch, readsButDoesNotWrite, scratch.path("closed/a.db")))
+        << "in a folder that can't be written either";
+    chmod(scratch.path("closed").c_str(), 0755);
     EXPECT_TRUE(asOrdinaryUser(scratch, readsButDoesNotWrite, scratch.path("open/a.db")));
     EXPECT_TRUE(asOrdinaryUser(scratch, readsButDoesNotWrite, scratch.path("open/a.db"))) << "a second time";
 }
@@ -168,6 +173,7 @@ TEST_F(OpenConnection, neverOverlooksALogBesideAReadOnlyFile) {
         std::filesystem::copy(scratch.folder.string() + name, log + name);
         chmod((log + name).c_str(), 0444);
     }
+    chmod(log.c_str(), 0555); // not for its owner either, who is the ordinary user himself when the tests run as one
     EXPECT_TRUE(asOrdinaryUser(scratch, isRefused, log + "/a.db"));
     chmod(log.c_str(), 0777);
     EXPECT_TRUE(asOrdinaryUser(scratch, readsButDoesNotWrite, log + "/a.db"));

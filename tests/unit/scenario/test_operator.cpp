@@ -17,7 +17,7 @@ namespace {
 class Operator : public testing::Test {
 protected:
     void SetUp() override {
-        folder = fs::path(testing::TempDir()) / "operator-test";
+        folder = kestrel::tests::ownPlace("operator-test");
         fs::remove_all(folder);
         fs::create_directories(folder);
     }

@@ -53,7 +53,7 @@ TEST(World, NamesAreThoseOfTheScenarioUntilTheNext) {
 }
 
 TEST(World, FilesGetTheirSizeAndDay) {
-    const fs::path path = fs::path(testing::TempDir()) / "file-make-test";
+    const fs::path path = kestrel::tests::ownPlace("file-make-test");
     const std::array tables{scenario::fileVerbs()};
     std::string_view name = "file make";
     scenario::cutRow<scenario::Verb>(tables, name)->play({path.string(), "12", "20240131"});
@@ -65,7 +65,7 @@ TEST(World, FilesGetTheirSizeAndDay) {
 }
 
 TEST(World, FilesAndFoldersComeAndGo) {
-    const std::string base = (fs::path(testing::TempDir()) / "file-verbs-test").string();
+    const std::string base = kestrel::tests::ownPlace("file-verbs-test").string();
     holds("folder make " + base + "/a/b\nfile write " + base + "/a/b/c text\nfile copy " + base + "/a/b/c " + base +
           "/d\nexpect file " + base + "/d\nfile remove " + base + "/d\nexpect no file " + base + "/d\nexpect file " +
           base + "/a\nfolder remove " + base + "\nexpect no file " + base + "\n");

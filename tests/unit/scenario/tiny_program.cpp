@@ -7,11 +7,11 @@
 #include "screen/message.hpp"
 #include "session/sessionValues.hpp"
 
+#include <iostream>
 #include <memory>
 #include <sstream>
 #include <stdexcept>
-
-#include <iostream>
+#include <unistd.h>
 
 namespace kestrel::tests {
 
@@ -143,6 +143,10 @@ Outcome playTiny(const std::string& scenario) {
     std::cout.rdbuf(oldOut);
     std::cerr.rdbuf(oldErr);
     return {scenario::run().failed, scenario::run().wrong, scenario::run().passedOver, out.str(), err.str()};
+}
+
+std::filesystem::path ownPlace(const std::string& name) {
+    return std::filesystem::temp_directory_path() / (name + "-" + std::to_string(getpid()));
 }
 
 } // namespace kestrel::tests

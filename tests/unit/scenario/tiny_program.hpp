@@ -1,6 +1,7 @@
 // A small program of one window and one list window, for scenarios that test the reader itself.
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace kestrel::tests {
@@ -17,5 +18,8 @@ struct Outcome {
     std::string seen, complaints; // what the operator wrote
 };
 Outcome playTiny(const std::string& scenario);
+
+// A temporary path of this process: two programs run these tests, one for each hand, at the same time.
+std::filesystem::path ownPlace(const std::string& name);
 
 } // namespace kestrel::tests

@@ -1,0 +1,24 @@
+// The database engine by its own interface, with nothing of the house in between: what everything is measured against.
+#pragma once
+
+#include <sqlite3.h>
+#include <string>
+
+namespace kestrel::bench {
+
+class RawDatabase {
+public:
+    explicit RawDatabase(const std::string& path); // a file that is there, in the house's mode; ends the process if not
+    ~RawDatabase() { sqlite3_close(handle); }
+    RawDatabase(const RawDatabase&) = delete;
+    RawDatabase& operator=(const RawDatabase&) = delete;
+
+    void prepare(const std::string& sql); // and lets it go again
+    void run(const std::string& sql);     // a SELECT up to its first row, anything else to its end
+
+private:
+    sqlite3_stmt* prepared(const std::string& sql);
+    sqlite3* handle = nullptr;
+};
+
+} // namespace kestrel::bench
