@@ -1,6 +1,6 @@
-# cmake -DFOLDER=... -DOUTPUT=... -P embed.cmake: writes one C++ file with the text of each FOLDER/*.tsv. The bytes pass as they
+# cmake -DFOLDER=... -DOUTPUT=... -P embed.cmake: writes one C++ file with the text of each FOLDER/*.tsv and FOLDER/*.txt. The bytes pass as they
 # are; only quoted references are used, since a list would lose semicolons and brackets.
-file(GLOB files ${FOLDER}/*.tsv)
+file(GLOB files ${FOLDER}/*.tsv ${FOLDER}/*.txt)
 list(SORT files)
 set(entries "")
 foreach(path IN LISTS files)
@@ -16,7 +16,7 @@ foreach(path IN LISTS files)
   endif()
   string(APPEND entries "    {\"${name}\", R\"tsv(${content})tsv\"},\n")
 endforeach()
-file(WRITE "${OUTPUT}" "// Made from schema/*.tsv.
+file(WRITE "${OUTPUT}" "// Made from schema/.
 #include \"setup/embedded.hpp\"
 
 #include <utility>

@@ -1,7 +1,7 @@
-# Puts the tables and the demonstration data of schema/ into a program, so that it needs no file beside it. One C++ file is made
+# Puts the tables, the demonstration data and the manual of schema/ into a program, so that it needs no file beside it. One C++ file is made
 # from all of them, again whenever one of them changes.
 function(kestrel_embed_schema target)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/schema/*.tsv)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/schema/*.tsv ${CMAKE_SOURCE_DIR}/schema/*.txt)
   set(script ${CMAKE_SOURCE_DIR}/cmake/embed.cmake)
   set(output ${CMAKE_BINARY_DIR}/schema/embedded.cpp)
   add_custom_command(

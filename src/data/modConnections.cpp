@@ -6,6 +6,7 @@
 #include "data/modGateway.hpp"
 #include "data/modHistory.hpp"
 #include "entry/msgお待ち.hpp"
+#include "numbering/modOfficeSuite.hpp"
 #include "platform/database/files.hpp"
 #include "platform/identity.hpp"
 #include "platform/paths.hpp"
@@ -186,6 +187,13 @@ void copyLocalFile(const std::string& name, const std::string& from, const std::
     static_cast<void>(database::copyDatabase(platform::joinPath(from, name), platform::joinPath(to, name)));
 }
 
+// An existing user keeps the files, also when one of them is missing: only a first start comes here.
+void copyReportFiles(const std::string& extension) {
+    std::vector<std::string> names = {"repdb" + extension, "repfrmdb" + extension};
+    if (installation.repdbKind == 2) names.push_back("repfrmdb.accdb");
+    for (const auto& name : names) copyLocalFile(name, installation.reportFolder, installation.localReportFolder);
+}
+
 std::string mainConnectionText() {
     const std::string head = "Provider=" + installation.providerName + ";User ID=" + installation.databaseUser +
                              ";Password=" + installation.databasePassword + ";Data Source=";
@@ -259,11 +267,14 @@ void preparePerUserFiles() {
     const std::string extension = fileForms[installation.repdbKind].extension;
     const std::string reportDatabase = platform::joinPath(installation.localReportFolder, "repdb" + extension);
     makeFolderPath(reportDatabase);
-    if (fileExists(reportDatabase)) return; // an existing user keeps the files, also when one of them is missing
-    const WaitDialog wait;
-    std::vector<std::string> names = {"repdb" + extension, "repfrmdb" + extension};
-    if (installation.repdbKind == 2) names.push_back("repfrmdb.accdb");
-    for (const auto& name : names) copyLocalFile(name, installation.reportFolder, installation.localReportFolder);
+    std::optional<WaitDialog> wait;
+    if (!fileExists(reportDatabase)) {
+        wait.emplace();
+        copyReportFiles(extension);
+    }
+    // Where the office suite is, the copies' linked tables would now be turned to the copied repdb. Links of that kind
+    // exist in the suite's own files alone; the databases of this platform have none, and nothing to turn.
+    registerAccessFolder();
 }
 
 } // namespace kestrel

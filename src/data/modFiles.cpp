@@ -1,10 +1,12 @@
 #include "data/modFiles.hpp"
 
 #include "platform/files.hpp"
+#include "platform/paths.hpp"
+#include "platform/shell.hpp"
 #include "screen/message.hpp"
 #include "text/characters.hpp"
 
-#include <string>
+#include <stdexcept>
 
 namespace kestrel {
 
@@ -57,6 +59,14 @@ bool copyFile(std::string_view source, std::string_view target) {
     return static_cast<bool>(platform::copyFile(source, target));
 }
 
+bool copyFolder(std::string_view source, std::string_view target) {
+    return static_cast<bool>(platform::copyFolder(source, target));
+}
+
+bool deleteFolder(std::string_view path) {
+    return static_cast<bool>(platform::removeFolder(path));
+}
+
 void makeFolderPath(std::string_view path) {
     if (text::trim(path).empty()) return;
     const std::size_t begin = firstFolder(path);
@@ -67,6 +77,31 @@ void makeFolderPath(std::string_view path) {
         if (folderExists(folder)) continue;
         if (const auto made = platform::makeFolder(folder); !made) reportFolder(made.failure(), path, folder);
     }
+}
+
+bool isNetworkPath(std::string_view path) {
+    return networkMark(path) != nowhere;
+}
+
+std::string_view nameInFolder(std::string_view path) {
+    const std::size_t separator = platform::lastSeparator(path);
+    return separator == nowhere ? path : path.substr(separator + 1);
+}
+
+std::string fileBaseName(std::string_view path) {
+    if (text::trim(path).empty()) return "";
+    const auto entry = platform::entryAt(path);
+    if (!entry) throw std::runtime_error(entry.failure().description);
+    if (entry.value().folder) return std::string(nameInFolder(path));
+    const std::string listed = text::trim(path);
+    if (!fileExists(listed)) return "";
+    const std::string_view name = nameInFolder(listed);
+    return std::string(name.substr(0, name.rfind('.')));
+}
+
+int openWithShell(std::string_view path) {
+    const std::size_t separator = platform::lastSeparator(path);
+    return platform::openWithDesktop(path, path.substr(0, separator == nowhere ? 0 : separator));
 }
 
 } // namespace kestrel

@@ -137,6 +137,18 @@ constexpr screen::Binding table[] = {
     {"btn_セクションコード", click, on<openLookup>},
     {"btn_名簿宛先No", click, on<openLookup>},
 
+    {"btn_得意先登録", click, on<pressPartner>},
+    {"btn_納品先登録", click, on<pressPartner>},
+    {"btn_仕入先登録", click, on<pressPartner>},
+    {"btn_メーカ登録", click, on<pressPartner>},
+    {"btn_付属書類追加", click, on<pressAddFile>},
+    {"btn_フォルダ", click, on<pressAddFolder>},
+    {"btn_付属書類削除", click, on<pressDeleteAttachment>},
+    {"List付属書類", doubleClick, on<openSelectedAttachment>},
+    {"btn_HOMEPAGE", click, on<pressHomepage>},
+    {"btn_EMAIL", click, on<pressMail>},
+    {"manualpanel", click, on<pressManual>},
+
     {"btn_登録", click, on<pressSave>},
     {"btn_画面クリア", click, on<pressClear>},
     {"btn_削除", click, on<pressDelete>},

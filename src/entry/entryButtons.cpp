@@ -2,60 +2,26 @@
 
 #include "entry/entryForm.hpp"
 #include "entry/frm連絡台帳入力.hpp"
+#include "entry/modPartners.hpp"
 #include "entry/modSaving.hpp"
 #include "session/rosterSession.hpp"
 
-#include <algorithm>
-#include <array>
-
 namespace kestrel {
 
-namespace {
-
-// What the program has no action for; it stands in its place, disabled.
-constexpr std::string_view absentActions[] = {
-    "btn_HOMEPAGE",   "btn_EMAIL",        "btn_得意先登録",   "btn_納品先登録", "btn_仕入先登録",
-    "btn_メーカ登録", "btn_付属書類追加", "btn_付属書類削除", "btn_フォルダ",   "manualpanel",
-};
-
 // A partner can be made once, and only from a saved addressee.
-struct Partner {
-    std::string_view button;
-    std::string RosterSession::*madeOn;
-};
-constexpr Partner partners[] = {
-    {"btn_得意先登録", &RosterSession::得意先登録日付},
-    {"btn_納品先登録", &RosterSession::納品先登録日付},
-    {"btn_仕入先登録", &RosterSession::仕入先登録日付},
-    {"btn_メーカ登録", &RosterSession::メーカ登録日付},
-};
-
-bool actionExists(std::string_view button) {
-    return std::find(std::begin(absentActions), std::end(absentActions), button) == std::end(absentActions);
-}
-
-} // namespace
-
-void disableAbsentActions() {
-    for (std::string_view button : absentActions) screen::setEnabled(entryControl(button), false);
-}
-
-void enableButton(screen::Control& button, bool wanted) {
-    screen::setEnabled(button, wanted && actionExists(button.name));
-}
-
 void updatePartnerButtons() {
-    for (const Partner& partner : partners)
-        enableButton(entryControl(partner.button), (rosterSession.*partner.madeOn).empty() && !rosterSession.newEntry);
+    for (const Partner& partner : partners())
+        screen::setEnabled(entryControl(partner.button),
+                           (rosterSession.*partner.madeOn).empty() && !rosterSession.newEntry);
 }
 
 void updateButtons() {
     Frm連絡台帳入力& form = entryForm();
     const bool saved = !rosterSession.newEntry;
-    enableButton(form.btn_登録, requiredFieldsComplete());
-    enableButton(form.btn_削除, saved && referenceCount() < 1);
-    enableButton(form.btn_印刷, saved);
-    enableButton(form.btn_プレビュ, saved);
+    screen::setEnabled(form.btn_登録, requiredFieldsComplete());
+    screen::setEnabled(form.btn_削除, saved && referenceCount() < 1);
+    screen::setEnabled(form.btn_印刷, saved);
+    screen::setEnabled(form.btn_プレビュ, saved);
 }
 
 } // namespace kestrel

@@ -121,6 +121,10 @@ void leavePostalCode(screen::Control& field, const FieldRule&) {
     showNotice(result == 0 ? "該当情報が有りません。" : "");
 }
 
+void leaveCode(screen::Control& field, const FieldRule&) {
+    leavePartnerCode(field);
+}
+
 constexpr FieldRule fieldRules[] = {
     {"名簿日付年", 1, leaveDatePart, &RosterSession::名簿日付年, "0000"},
     {"名簿日付月", 2, leaveDatePart, &RosterSession::名簿日付月, "00"},
@@ -149,10 +153,10 @@ constexpr FieldRule fieldRules[] = {
     {"発送区分名称", 7, leaveOnly},
     {"宛先HOMEPAGE", 7, leaveTextAndRefresh, &RosterSession::宛先HOMEPAGE, "宛先HOMEPAGE"},
     {"宛先EMAIL", 7, leaveText, &RosterSession::宛先EMAIL, "宛先EMAIL"},
-    {"得意先コード", 7, leaveOnly},
-    {"納品先コード", 7, leaveOnly},
-    {"仕入先コード", 7, leaveOnly},
-    {"メーカコード", 7, leaveOnly},
+    {"得意先コード", 7, leaveCode},
+    {"納品先コード", 7, leaveCode},
+    {"仕入先コード", 7, leaveCode},
+    {"メーカコード", 7, leaveCode},
     {"宛先摘要", 7, leaveMemo, &RosterSession::宛先摘要},
 };
 

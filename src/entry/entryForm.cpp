@@ -4,7 +4,6 @@
 #include "company/modRights.hpp"
 #include "data/modGateway.hpp"
 #include "entry/entryBindings.hpp"
-#include "entry/entryButtons.hpp"
 #include "entry/frm連絡台帳入力.hpp"
 #include "lists/listFrame.hpp"
 #include "screen/focus.hpp"
@@ -21,7 +20,6 @@ namespace kestrel {
 
 Frm連絡台帳入力::Frm連絡台帳入力() {
     screen::setItems(tab_詳細, {"住所", "メモ", "付属書類"});
-    screen::setColumns(List付属書類, {{"書類名", 5450}, {"サイズ", 1050}, {"更新日付", 1400}});
     お知らせ.notice = true;
 }
 
@@ -91,7 +89,6 @@ void makeEntryForm() {
     window.load = loadEntryForm;
     window.closeRequest = [](screen::Window&) { requestExit(); };
     rosterSession.currentForm = &window;
-    disableAbsentActions();
 }
 
 void showEntryForm() {

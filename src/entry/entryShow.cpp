@@ -92,6 +92,7 @@ void showEntry() {
 
 void refreshScreen() {
     showEntry();
+    付属書類listint();
 }
 
 void showNotice(std::string_view text) {

@@ -19,6 +19,21 @@ void returnFocus(screen::Control& panel);
 void passHeadEnd(screen::Control& guard);
 void passTailEnd(screen::Control& guard);
 
+// Partners
+void pressPartner(screen::Control& button);
+void leavePartnerCode(screen::Control& field); // what leaving it means beyond being left
+
+// Attachments
+void pressAddFile(screen::Control& button);
+void pressAddFolder(screen::Control& button);
+void pressDeleteAttachment(screen::Control& button);
+void openSelectedAttachment(screen::Control& list);
+
+// The desktop's own programs
+void pressHomepage(screen::Control& button);
+void pressMail(screen::Control& button);
+void pressManual(screen::Control& panel);
+
 // Commands that write nothing
 void pressClear(screen::Control& button);
 void pressExit(screen::Control& button);

@@ -16,8 +16,9 @@ void giveFirstFocus(); // to 宛先名称A, whose entry step may send it on
 // Every record value but the roster date and the number base date; newEntry stays true.
 void clearEntry();
 
-void showEntry();     // writes every value of rosterSession into its field
-void refreshScreen(); // the same, and all that belongs to the record beside its fields
+void showEntry();       // writes every value of rosterSession into its field
+void refreshScreen();   // the same, and all that belongs to the record beside its fields
+void 付属書類listint(); // the list of attachments and its buttons anew, with no row selected
 void showNotice(std::string_view text);
 void clearNotice();
 void clearScreen(); // ready for the next addressee: a new entry, shown, with an empty notice

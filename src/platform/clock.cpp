@@ -21,13 +21,6 @@ Clock& theClock() {
     return present;
 }
 
-Moment systemTime() {
-    std::time_t seconds = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&seconds, &local);
-    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
-}
-
 chrono::year_month_day dayOf(const Moment& moment) {
     return chrono::year(moment.year) / chrono::month(static_cast<unsigned>(moment.month)) /
            chrono::day(static_cast<unsigned>(moment.day));
@@ -48,9 +41,16 @@ template <class... Numbers> std::string formatted(const char* format, Numbers...
 
 } // namespace
 
+Moment momentOf(std::int64_t seconds) {
+    const std::time_t stamp = seconds;
+    std::tm local{};
+    localtime_r(&stamp, &local);
+    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
+}
+
 Moment now() {
     Clock& clock = theClock();
-    if (!clock.standing) return systemTime();
+    if (!clock.standing) return momentOf(std::time(nullptr));
     Moment present = *clock.standing;
     passTime(clock.tick);
     return present;

@@ -1,6 +1,7 @@
 // The one reader of time. Local civil time; nothing else in the program asks the system what time it is.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace kestrel::platform {
@@ -10,6 +11,7 @@ struct Moment {
 };
 
 Moment now();
+Moment momentOf(std::int64_t seconds); // since 1970, as the file system stamps its entries
 
 // Seconds since some fixed point, for spans only; a standing clock doesn't stop it.
 double secondsRunning();

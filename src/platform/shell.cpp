@@ -20,28 +20,15 @@ Pretend& pretended() {
     return present;
 }
 
-bool isSchemeCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '+' || c == '-' ||
-           c == '.';
-}
-
-// One letter before the colon is a drive, not a scheme.
-bool hasScheme(std::string_view target) {
-    auto colon = target.find(':');
-    return colon != target.npos && colon >= 2 && target.front() > '9' &&
-           std::all_of(target.begin(), target.begin() + static_cast<std::ptrdiff_t>(colon), isSchemeCharacter);
-}
-
 bool exists(std::string_view path) {
     return fileExists(path) || folderExists(path);
 }
 
-// What the opener is given: a whole path or address, so that no target is taken for an option. Empty: there is no such
-// thing.
+// What the opener is given: the whole path of what is there, so that no name is taken for an option; anything else is
+// an address and goes as it stands. Empty: a path to nothing, or an option of the opener.
 std::string openable(std::string_view target) {
     if (exists(target)) return std::filesystem::absolute(systemPath(target)).string();
-    if (hasScheme(target)) return std::string(target);
-    return target.starts_with("www.") ? "http://" + std::string(target) : std::string();
+    return target.starts_with('/') || target.starts_with('-') ? std::string() : std::string(target);
 }
 
 std::string openerProgram() {

@@ -3,8 +3,11 @@
 #include "calendar/modFiscalDates.hpp"
 #include "company/modRights.hpp"
 #include "company/pinCodec.hpp"
+#include "data/modAttachmentFiles.hpp"
 #include "data/modFiles.hpp"
+#include "data/modUpkeep.hpp"
 #include "numbering/modNumbers.hpp"
+#include "numbering/modOfficeSuite.hpp"
 #include "numbering/modViewLog.hpp"
 #include "platform/identity.hpp"
 #include "scenario/names.hpp"
@@ -47,6 +50,21 @@ std::string madeFolders(const Arguments& arguments) {
     return "";
 }
 
+std::string copiedAttachment(const Arguments& a) {
+    copyAttachment(a[0], a[1], a[2]);
+    return "";
+}
+
+std::string deletedAttachment(const Arguments& a) {
+    deleteAttachment(a[0], a[1]);
+    return "";
+}
+
+std::string swept(const Arguments&) {
+    sweepLocalTables();
+    return "";
+}
+
 std::string takenCondition(const Arguments& arguments) {
     std::string condition = arguments[1];
     const std::string value = takeConditionValue(arguments[0], condition);
@@ -83,6 +101,16 @@ constexpr std::array operations{
     Operation{"nextTabStop", 1, stopFrom},
     Operation{"makeFolderPath", 1, madeFolders},
     Operation{"copyFile", 2, [](const Arguments& a) { return yesNo(copyFile(a[0], a[1])); }},
+    Operation{"copyFolder", 2, [](const Arguments& a) { return yesNo(copyFolder(a[0], a[1])); }},
+    Operation{"deleteFolder", 1, [](const Arguments& a) { return yesNo(deleteFolder(a[0])); }},
+    Operation{"fileBaseName", 1, [](const Arguments& a) { return fileBaseName(a[0]); }},
+    Operation{"copyAttachment", 3, copiedAttachment},
+    Operation{"deleteAttachment", 2, deletedAttachment},
+    Operation{"openWithShell", 1, [](const Arguments& a) { return std::to_string(openWithShell(a[0])); }},
+    Operation{"userNameText", 0, [](const Arguments&) { return platform::userName(); }},
+    Operation{"computerNameText", 0, [](const Arguments&) { return platform::computerName(); }},
+    Operation{"registerAccessFolder", 0, [](const Arguments&) { return yesNo(registerAccessFolder()); }},
+    Operation{"sweepLocalTables", 0, swept},
     Operation{"windowsVersionClass", 0,
               [](const Arguments&) { return std::to_string(platform::windowsVersionClass()); }},
     Operation{"encode", 1, [](const Arguments& a) { return encode(a[0]); }},

@@ -6,6 +6,7 @@
 #include "data/modConnections.hpp"
 #include "data/modHistory.hpp"
 #include "data/modLink.hpp"
+#include "data/modUpkeep.hpp"
 #include "entry/frm連絡台帳入力.hpp"
 #include "entry/modRosterRecords.hpp"
 #include "platform/clock.hpp"
@@ -143,6 +144,7 @@ bool openProgram() {
         if (!openSystemDatabases()) return false;
         writeRunStart();
         receiveLinkMessage(text::trim(installation.commandLine), aMinuteAgo());
+        if (installation.programId == menuProgram) sweepLocalTables();
         return openMainDatabase();
     } catch (const std::exception&) {
         return false; // what a failing step could tell is in the run history or was shown

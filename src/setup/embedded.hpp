@@ -5,7 +5,7 @@
 
 namespace kestrel::setup {
 
-// The text of schema/NAME.tsv; the empty text when there is none.
+// The text of schema/NAME.tsv or schema/NAME.txt; the empty text when there is none.
 std::string_view embeddedFile(std::string_view name);
 
 } // namespace kestrel::setup

@@ -2,6 +2,7 @@
 
 #include "platform/database/files.hpp"
 #include "setup/demonstration.hpp"
+#include "setup/manual.hpp"
 #include "setup/rows.hpp"
 #include "setup/store.hpp"
 #include "setup/tables.hpp"
@@ -46,6 +47,13 @@ void placeProgram(const std::string& root, std::string_view program) {
     } else {
         fs::copy_file(fs::path(program), target);
     }
+}
+
+Status placeManual(const std::string& root) {
+    std::ofstream manual(root + "/" + manualFile, std::ios::binary);
+    manual << manualText();
+    manual.close();
+    return manual ? platform::done() : Status(platform::Failure{0, "the manual can't be written"});
 }
 
 Rows rowsFor(What what, const Place& place) {
@@ -107,6 +115,7 @@ Status refuseDay(std::string_view day) {
 Status fill(const std::string& root, What what, std::string_view day, std::string_view program) {
     makeTree(root);
     placeProgram(root, program);
+    if (Status status = placeManual(root); !status) return status;
     return createDatabases(root, rowsFor(what, {root, std::string(day)}));
 }
 

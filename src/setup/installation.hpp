@@ -18,6 +18,7 @@ enum class What {
 inline constexpr const char* mainFile = "data/maindb.accdb";
 inline constexpr const char* localFile = "conf/usrcnfg.accdb";
 inline constexpr const char* programFile = "prgbin/連絡台帳入力";
+inline constexpr const char* manualFile = "manual/連絡台帳入力.doc"; // the program ID in full width
 
 // Makes an installation in folder, which must be empty or not there yet. day: "yyyymmdd"; the demonstration data are
 // counted from it, and the same day gives the same rows. program: the file to become prgbin/連絡台帳入力; empty puts a

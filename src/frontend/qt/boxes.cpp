@@ -84,6 +84,7 @@ QStringList nameFilters(const std::string& filter) {
         QString title = parts[i];
         if (const qsizetype bracket = title.indexOf('('); bracket >= 0) title.truncate(bracket);
         QString patterns = parts[i + 1];
+        if (patterns == "*.*") patterns = "*"; // every file, with a point in its name or without
         filters << title.trimmed() + " (" + patterns.replace(';', ' ') + ")";
     }
     return filters;
@@ -112,6 +113,8 @@ std::optional<std::string> fileDialog(const screen::FileDialog& dialog) {
     QFileDialog picker(owner());
     picker.setOption(QFileDialog::DontUseNativeDialog);
     picker.setFileMode(QFileDialog::AnyFile);
+    picker.setFilter(picker.filter() |
+                     QDir::Hidden); // a leading point hides nothing from a person who looks for a file
     const QStringList filters = nameFilters(dialog.filter);
     picker.setNameFilters(filters);
     if (dialog.filterIndex > 0 && dialog.filterIndex <= filters.size())

@@ -12,8 +12,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QCompleter>
-#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -193,16 +191,16 @@ bool answer(std::string_view caption) {
     return clickButton(boxButton(caption));
 }
 
+// As a person pastes a path and presses Enter: each folder typed on the way to it would be picked as well.
 bool pick(std::string_view path) {
     QFileDialog* picker = frontend::pickerWaiting();
     auto* name = picker ? picker->findChild<QLineEdit*>("fileNameEdit") : nullptr;
-    const auto* buttons = picker ? picker->findChild<QDialogButtonBox*>("buttonBox") : nullptr;
-    if (!name || !buttons) return false;
+    if (!name) return false;
     name->setFocus();
     name->selectAll();
-    frontend::typeText(*picker, path);
-    if (name->completer()) name->completer()->popup()->hide(); // it would take the press
-    return clickButton(buttons->button(QDialogButtonBox::Open));
+    name->insert(frontend::shownText(path));
+    frontend::strike(*picker, screen::Key::Enter);
+    return !picker->isVisible();
 }
 
 bool cancel() {

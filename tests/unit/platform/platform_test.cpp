@@ -283,7 +283,7 @@ TEST_F(Programs, theDesktopIsAskedThroughItsOpener) {
     EXPECT_EQ(output(), "1|" + document + "|/usr");
     for (auto [target, given] : {std::pair{"https://a.example/?b=1&c", "https://a.example/?b=1&c"},
                                  {"mailto:a@b.example", "mailto:a@b.example"},
-                                 {"www.example.jp", "http://www.example.jp"}}) {
+                                 {"www.example.jp", "www.example.jp"}}) {
         std::filesystem::remove(scratch.path("out"));
         EXPECT_GT(openWithDesktop(target, scratch.path("gone")), 32);
         EXPECT_EQ(output().substr(2, std::string(given).size()), given);

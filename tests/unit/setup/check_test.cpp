@@ -43,7 +43,7 @@ TEST_F(CheckTest, noFolder) {
 }
 
 TEST_F(CheckTest, missingFoldersAndFilesHaveALineEach) {
-    std::filesystem::remove(root + "/manual");
+    std::filesystem::remove_all(root + "/manual");
     std::filesystem::remove(root + "/users");
     std::filesystem::remove(root + "/data/gnrdb.accdb");
     std::filesystem::remove(root + "/" + programFile);
