@@ -131,11 +131,6 @@ constexpr screen::Binding table[] = {
     {"btn_次No", click, on<pressStep>},
     {"btn_前明細No", click, on<pressStep>},
     {"btn_次明細No", click, on<pressStep>},
-    {"btn_名簿No", click, on<openLookup>},
-    {"btn_担当者コード", click, on<openLookup>},
-    {"btn_部門コード", click, on<openLookup>},
-    {"btn_セクションコード", click, on<openLookup>},
-    {"btn_名簿宛先No", click, on<openLookup>},
 
     {"btn_得意先登録", click, on<pressPartner>},
     {"btn_納品先登録", click, on<pressPartner>},
