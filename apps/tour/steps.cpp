@@ -1,11 +1,16 @@
 #include "steps.hpp"
 
 #include "company/msg暗証番号確認.hpp"
+#include "entry/frm連絡台帳入力.hpp"
 #include "entry/msgお待ち.hpp"
 #include "entry/wnd摘要.hpp"
 #include "frontend/qt/pictures.hpp"
+#include "platform/files.hpp"
+#include "platform/paths.hpp"
 #include "screen/hand.hpp"
+#include "session/companyValues.hpp"
 #include "session/rosterSession.hpp"
+#include "session/sessionValues.hpp"
 
 #include <array>
 #include <cstdio>
@@ -76,6 +81,25 @@ void wait(std::string_view pictureName) {
     picture(pictureName);
 }
 
+// A file or folder of the installation, picked in the dialog that waits.
+void pick(std::string_view inInstallation) {
+    if (!hand::pick(platform::joinPath(installation.programRoot, inInstallation))) fail(inInstallation);
+}
+
+// The copy goes behind the program's back; the list tells as soon as it is built again.
+void loseCopy(std::string_view ending) {
+    const auto names = platform::filesIn(company.documentFolder);
+    for (const std::string& name : names ? names.value() : std::vector<std::string>())
+        if (name.ends_with(ending) && !platform::removeFile(platform::joinPath(company.documentFolder, name)))
+            fail(ending);
+    refreshScreen();
+}
+
+void firstAttachment(std::string_view) {
+    screen::Control* list = find("List付属書類");
+    if (!list || !hand::row(*list, 0, false)) fail("List付属書類");
+}
+
 struct Step {
     void (*act)(std::string_view);
     std::string_view with;
@@ -93,8 +117,29 @@ constexpr std::array steps{
     Step{click, "宛先摘要"},
     Step{picture, "4-memo"},
     Step{page, "2"},
+    Step{click, "btn_付属書類追加"},
+    Step{picture, "5-file-dialog"},
+    Step{pick, "manual/連絡台帳入力.doc"},
+    Step{click, "btn_フォルダ"},
+    Step{pick, "report"},
+    Step{click, "btn_付属書類追加"},
+    Step{pick, "data/gnrdb.accdb"},
+    Step{loseCopy, "_gnrdb.accdb"},
     Step{picture, "5-attachments"},
+    Step{firstAttachment, ""},
+    Step{click, "btn_付属書類削除"},
+    Step{answer, "はい"},
+    Step{firstAttachment, ""},
+    Step{click, "btn_付属書類削除"},
+    Step{answer, "はい"},
+    Step{firstAttachment, ""},
+    Step{click, "btn_付属書類削除"},
+    Step{answer, "はい"},
+    Step{answer, "OK"},
     Step{page, "0"},
+    Step{click, "btn_メーカ登録"},
+    Step{picture, "5-partner"},
+    Step{answer, "いいえ"},
     Step{click, "btn_名簿No"},
     Step{click, "btn_画面クリア"},
     Step{sortBySecondColumn, "List名簿No"},

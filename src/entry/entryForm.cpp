@@ -20,6 +20,7 @@ namespace kestrel {
 
 Frm連絡台帳入力::Frm連絡台帳入力() {
     screen::setItems(tab_詳細, {"住所", "メモ", "付属書類"});
+    List付属書類.marked = true;
     お知らせ.notice = true;
 }
 

@@ -45,7 +45,7 @@ struct ListRow {
     std::string text; // first column
     std::string key;
     std::vector<std::string> subItems; // second column on
-    bool flag = false;                 // shown as a mark in front of the text
+    bool flag = false;                 // in a marked list: what the row stands for is there
 };
 
 enum class SortOrder { ascending, descending };
@@ -75,6 +75,7 @@ struct Control {
     int listIndex = -1;                        // drop-down: the row shown, -1 none
 
     std::vector<ListColumn> columns; // list views from here on
+    bool marked = false;             // its rows show their flag, on or off, in front of the text
     std::vector<ListRow> rows;
     unsigned rowsRevision = 0; // counts every change of the rows, so that a front end knows when to look again
     int selected = -1;         // index of the selected row, -1 none

@@ -146,6 +146,7 @@ void addPages(screen::Window& form) {
     screen::Control& list = addControl(
         form, {.name = "List書類", .kind = Kind::ListView, .place = {240, 1680, 7200, 2300}, .tabIndex = 31});
     setColumns(list, {{"書類名", 4000}, {"サイズ", 1050}, {"更新日付", 1400}});
+    list.marked = true;
     addRow(list, {"見積書", "C001", {"12", "2024/05/15"}, true});
     addRow(list, {"図面", "C002", {"", ""}, false});
     placeOnPage(list, tab, 2);

@@ -93,12 +93,16 @@ TEST_F(ListsTest, AColumnHeaderTellsItsColumnAndTheMarkFollowsTheModel) {
     EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
 }
 
-TEST_F(ListsTest, AFlaggedRowHasAMark) {
+TEST_F(ListsTest, ARowOfAMarkedListShowsItsFlagEitherWay) {
     const QAbstractItemModel& rows = *widget<QTableView>("List書類").model();
     const auto image = [&](int row) { return rows.index(row, 0).data(Qt::DecorationRole).value<QPixmap>().toImage(); };
     EXPECT_FALSE(image(0).isNull());
     EXPECT_NE(image(0), image(1));
     EXPECT_EQ(image(0).size(), image(1).size());
+    EXPECT_NE(rows.index(0, 0).data(Qt::ToolTipRole), rows.index(1, 0).data(Qt::ToolTipRole));
+    EXPECT_FALSE(rows.index(0, 1).data(Qt::DecorationRole).isValid());
+    control("List書類").marked = false;
+    EXPECT_FALSE(rows.index(0, 0).data(Qt::DecorationRole).isValid());
 }
 
 TEST_F(ListsTest, TheEndOfALongListIsOneKeyAway) {

@@ -21,7 +21,7 @@ constexpr double baseEm = basePoints * 96 / 72; // pixels of a full-width charac
 
 namespace tone {
 constexpr QRgb window = 0xfff5f6f8, field = 0xffffffff, alternate = 0xfff6f8fb, text = 0xff1f2733, quiet = 0xff4c5666,
-               faded = 0xff7f8895, accent = 0xff2563a8;
+               faded = 0xff7f8895, accent = 0xff2563a8, alarm = 0xffc0392b;
 }
 
 QPalette palette() {
@@ -154,16 +154,27 @@ int buttonPadding() {
     return 8;
 }
 
+// A sheet with a corner turned down, in units of a square of sixteen.
+static void paintSheet(QPainter& painter, const QColor& ink) {
+    painter.setPen(QPen(ink, 1.3));
+    painter.setBrush(Qt::white);
+    painter.drawPolygon(QPolygonF{{3, 1}, {9.5, 1}, {13, 4.5}, {13, 15}, {3, 15}});
+    painter.drawPolyline(QPolygonF{{9.5, 1}, {9.5, 4.5}, {13, 4.5}});
+}
+
 QPixmap flagMark(bool on) {
-    const int side = edge(150);
+    const int side = edge(225);
     QPixmap mark(side, side);
     mark.fill(Qt::transparent);
-    if (!on) return mark;
     QPainter painter(&mark);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(tone::accent));
-    painter.drawEllipse(QRectF(1, 1, side - 2, side - 2));
+    painter.scale(side / 16.0, side / 16.0);
+    paintSheet(painter, QColor(on ? tone::accent : tone::faded));
+    painter.setPen(QPen(QColor(on ? tone::accent : tone::alarm), on ? 1.2 : 1.8));
+    if (on)
+        painter.drawLines({QLineF(5.5, 8, 10.5, 8), QLineF(5.5, 11, 10.5, 11)});
+    else
+        painter.drawLines({QLineF(5, 6.5, 11, 12.5), QLineF(11, 6.5, 5, 12.5)});
     return mark;
 }
 

@@ -18,7 +18,7 @@ QRect pixels(const screen::Place& place); // edges are rounded, not sizes: what 
 
 int rowHeight();           // of a list
 int buttonPadding();       // what a button needs beside its caption
-QPixmap flagMark(bool on); // in front of a flagged row, and the room it leaves in front of the others
+QPixmap flagMark(bool on); // in front of a row: a sheet of paper, or a faded one that is crossed out
 
 void paintArrow(QWidget& widget); // the mark of a drop-down, at its right end
 

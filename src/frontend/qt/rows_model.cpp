@@ -3,8 +3,6 @@
 #include "frontend/qt/look.hpp"
 #include "frontend/qt/text.hpp"
 
-#include <algorithm>
-
 namespace kestrel::frontend {
 
 RowsModel::RowsModel(const screen::Control& list, QObject* parent) : QAbstractTableModel(parent), list_(&list) {}
@@ -17,7 +15,6 @@ bool RowsModel::follow() {
     revision_ = list_->rowsRevision;
     rows_ = rows;
     columns_ = columns;
-    flags_ = std::any_of(list_->rows.begin(), list_->rows.end(), [](const screen::ListRow& row) { return row.flag; });
     endResetModel();
     return true;
 }
@@ -40,12 +37,19 @@ static QString cellText(const screen::ListRow& row, int column) {
     return sub < row.subItems.size() ? shownText(row.subItems[sub]) : QString();
 }
 
+// The mark, and its words for who can't see it or wonders.
+static QVariant markOf(const screen::ListRow& row, int role) {
+    if (role == Qt::DecorationRole) return flagMark(row.flag);
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
+        return QString::fromUtf8(row.flag ? "あります" : "見つかりません");
+    return {};
+}
+
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
     if (!list_ || !index.isValid() || index.row() >= static_cast<int>(list_->rows.size())) return {};
     const screen::ListRow& row = list_->rows[static_cast<std::size_t>(index.row())];
     if (role == Qt::DisplayRole) return cellText(row, index.column());
-    if (role == Qt::DecorationRole && index.column() == 0 && flags_) return flagMark(row.flag);
-    return {};
+    return list_->marked && index.column() == 0 ? markOf(row, role) : QVariant();
 }
 
 QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -24,7 +24,6 @@ private:
     const screen::Control* list_; // null once the control is gone
     unsigned revision_ = 0;
     int rows_ = 0, columns_ = 0; // as the views know them: the control's own count runs ahead until follow()
-    bool flags_ = false;         // some row has one
 };
 
 } // namespace kestrel::frontend

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace kestrel::platform {
@@ -75,6 +77,28 @@ TEST_F(Folders, aCopyThatFailsLeavesWhatWasThere) {
     scratch.write("file", "x");
     EXPECT_FALSE(copyFolder(scratch.path("a"), scratch.path("file")));
     EXPECT_TRUE(fs::exists(scratch.path("file")));
+}
+
+// No room behind the first ten thousand bytes of a file, as on a disk that is full.
+TEST_F(Folders, aDiskThatFillsUpLeavesNoHalf) {
+    fs::create_directories(scratch.path("a"));
+    scratch.write("a/一", std::string(100, 'x'));
+    scratch.write("a/二", std::string(100'000, 'x'));
+    scratch.write("there", "old");
+    rlimit room{};
+    getrlimit(RLIMIT_FSIZE, &room);
+    const rlimit little{10'000, room.rlim_max};
+    const auto signal = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &little);
+    const Status file = copyFile(scratch.path("a/二"), scratch.path("there"));
+    const Status folder = copyFolder(scratch.path("a"), scratch.path("copy"));
+    setrlimit(RLIMIT_FSIZE, &room);
+    std::signal(SIGXFSZ, signal);
+    EXPECT_FALSE(file);
+    EXPECT_EQ(test::contentOf(scratch.path("there")), "old");
+    EXPECT_FALSE(folder);
+    EXPECT_FALSE(fs::exists(scratch.path("copy")));
+    EXPECT_EQ(std::distance(fs::directory_iterator(scratch.folder), {}), 2) << "nothing half is left";
 }
 
 TEST_F(Folders, linksAreCopiedAsWhatTheyPointToAndRemovedAsLinks) {
