@@ -140,8 +140,8 @@ public:
     Control& 宛先摘要 = onPage(1, {"宛先摘要", xText, "", {120, 2655, 8385, 4815}, 33, true, 0, hiragana});
 
     Control& btn_付属書類追加 = onPage(2, {"btn_付属書類追加", SSCommand, "追加", at(120, body(0), 1275), 73});
-    Control& btn_付属書類削除 = onPage(2, {"btn_付属書類削除", SSCommand, "削除", at(1455, body(0), 1275), 74});
-    Control& btn_フォルダ = onPage(2, {"btn_フォルダ", SSCommand, "フォルダ", at(2790, body(0), 1275), 75});
+    Control& btn_付属書類削除 = onPage(2, {"btn_付属書類削除", SSCommand, "削除", at(2790, body(0), 1275), 74});
+    Control& btn_フォルダ = onPage(2, {"btn_フォルダ", SSCommand, "フォルダ", at(1455, body(0), 1275), 75});
     Control& List付属書類 = onPage(2, {"List付属書類", ListView, "", {120, 3060, 8385, 4410}, 76});
 
     Control& btn_登録 = add({"btn_登録", SSCommand, "登録", foot(45), 34});
