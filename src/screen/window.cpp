@@ -75,7 +75,13 @@ void setEnabled(Window& window, bool enabled) {
 static void load(Window& window) {
     if (window.loaded) return;
     window.loaded = true;
-    if (window.load) window.load(window);
+    if (!window.load) return;
+    try {
+        window.load(window);
+    } catch (...) {
+        window.loaded = false; // the next show tries again
+        throw;
+    }
 }
 
 static void bringUp(Window& window) {

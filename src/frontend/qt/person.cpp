@@ -200,6 +200,10 @@ void personChose(const QObject* part, int index) {
     if (Control* control = controlOf(part)) act([&] { choose(*control, index); });
 }
 
+void personStruck(const QObject* part, screen::Key which) {
+    if (Control* control = controlOf(part)) act([&] { key(*control->window, which); });
+}
+
 void personPressedHeader(const QObject* part, int column) {
     if (Control* control = controlOf(part)) act([&] { pressHeader(*control, column); });
 }

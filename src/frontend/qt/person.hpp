@@ -16,6 +16,7 @@ QObject* personFilter(); // sees the events of every widget before the widget do
 void personPressed(const QObject* part);
 void personEdited(const QObject* part, const std::string& text);
 void personChose(const QObject* part, int index);
+void personStruck(const QObject* part, screen::Key which);
 void personPressedHeader(const QObject* part, int column);
 
 } // namespace kestrel::frontend

@@ -6,9 +6,11 @@
 #include "frontend/qt/person.hpp"
 #include "frontend/qt/text.hpp"
 
+#include <QAbstractItemView>
 #include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -99,9 +101,25 @@ protected:
     }
 };
 
+// Esc closes a list that hangs down, and means to the window what it means everywhere in it.
+class EscapeFilter : public QObject {
+public:
+    explicit EscapeFilter(QComboBox& itsBox) : QObject(&itsBox), box(itsBox) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent&>(*event).key() != Qt::Key_Escape) return false;
+        box.hidePopup();
+        personStruck(&box, screen::Key::Esc);
+        return true;
+    }
+
+private:
+    QComboBox& box;
+};
+
 QWidget* makeDropDown(Control&, QWidget* top) {
     auto* box = new DropDown(top);
     box->setMaxVisibleItems(12);
+    box->view()->installEventFilter(new EscapeFilter(*box));
     QObject::connect(box, &QComboBox::activated, box, [box](int index) { personChose(box, index); });
     return box;
 }
