@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 #include <string>
+#include <vector>
 
 namespace kestrel::bench {
 
@@ -15,6 +16,20 @@ public:
 
     void prepare(const std::string& sql); // and lets it go again
     void run(const std::string& sql);     // a SELECT up to its first row, anything else to its end
+
+    // Every row of a SELECT: the step is given the texts of its columns, a null as an empty one.
+    template <class Step> void eachRow(const std::string& sql, Step step) {
+        sqlite3_stmt* statement = prepared(sql);
+        std::vector<std::string> texts(static_cast<std::size_t>(sqlite3_column_count(statement)));
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            for (std::size_t i = 0; i < texts.size(); ++i) {
+                const auto* text = sqlite3_column_text(statement, static_cast<int>(i));
+                texts[i] = text ? reinterpret_cast<const char*>(text) : "";
+            }
+            step(texts);
+        }
+        sqlite3_finalize(statement);
+    }
 
 private:
     sqlite3_stmt* prepared(const std::string& sql);

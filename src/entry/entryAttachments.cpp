@@ -96,10 +96,11 @@ std::string keyOf(const PickedRow& row) {
 }
 
 screen::ListRow listRow(const database::RecordSet& row) {
-    const AttachmentFacts facts = describeAttachment(row);
+    const AttachmentCopy copy = attachmentCopyPath(row);
+    AttachmentFacts facts = describeAttachment(copy);
     return {row.text("タイトル", ""),
-            "C" + row.text("情報識別ID", "") + row.text("SEQNo", ""),
-            {facts.size, facts.date},
+            "C" + copy.id + copy.number,
+            {std::move(facts.size), std::move(facts.date)},
             !facts.foundName.empty()};
 }
 

@@ -81,13 +81,10 @@ std::string insertStatement(const AttachmentRow& row, const std::string& number)
     return "INSERT INTO M付属書類 " + names + ") VALUES " + values + ")";
 }
 
-bool holdsSeparator(std::string_view path) {
-    return platform::lastSeparator(path) != std::string_view::npos;
-}
-
 // What stands behind the last separator; where there is none the cut drops the first character.
 std::string nameOfCopy(const std::string& path) {
-    return holdsSeparator(path) ? std::string(nameInFolder(path)) : text::slice(path, 1, path.size());
+    const std::string_view name = nameInFolder(path);
+    return name.size() < path.size() ? std::string(name) : text::slice(path, 1, path.size());
 }
 
 std::string withCommas(std::uint64_t number) {
@@ -124,7 +121,7 @@ bool hasAttachments(std::string_view name, std::string_view id) {
 void insertAttachment(const AttachmentRow& row) {
     const std::string number = nextNumber(row);
     if (!executeSql(insertStatement(row, number), false)) return;
-    if (!holdsSeparator(row.書類名)) return;
+    if (platform::lastSeparator(row.書類名) == std::string::npos) return;
     copyAttachment(row.書類名, attachmentKey(row.情報名, row.情報識別ID, number), row.タイトル);
 }
 
@@ -141,18 +138,19 @@ std::string findAttachmentPath(std::string_view name, std::string_view id, std::
     return path;
 }
 
-std::string attachmentCopyPath(const database::RecordSet& row) {
-    return attachmentPath(attachmentKey(row.text("情報名", ""), row.text("情報識別ID", ""), row.text("SEQNo", "")),
-                          nameOfCopy(row.text("書類名", "")));
+AttachmentCopy attachmentCopyPath(const database::RecordSet& row) {
+    const std::string owner = row.text("情報名", "");
+    AttachmentCopy copy{row.text("情報識別ID", ""), row.text("SEQNo", ""), nameOfCopy(row.text("書類名", "")), ""};
+    copy.path = attachmentPath(attachmentKey(owner, copy.id, copy.number), copy.name);
+    return copy;
 }
 
-AttachmentFacts describeAttachment(const database::RecordSet& row) {
-    const std::string path = attachmentCopyPath(row);
-    const auto copy = platform::entryAt(path);
-    if (!copy) return {};
-    const std::string date = dayText(copy.value().modified);
-    if (copy.value().folder) return {"フォルダ", date, "0"};
-    return {sizeText(copy.value().size), date, std::string(nameInFolder(path))};
+AttachmentFacts describeAttachment(const AttachmentCopy& copy) {
+    const auto entry = platform::entryAt(copy.path);
+    if (!entry) return {};
+    std::string date = dayText(entry.value().modified);
+    if (entry.value().folder) return {"フォルダ", std::move(date), "0"};
+    return {sizeText(entry.value().size), std::move(date), copy.name};
 }
 
 } // namespace kestrel

@@ -33,11 +33,16 @@ bool deleteAttachmentRow(std::string_view name, std::string_view id, std::string
 std::string findAttachmentPath(std::string_view name, std::string_view id, std::string_view number); // 書類名, or empty
 
 // Of the row that the record set stands on.
-std::string attachmentCopyPath(const database::RecordSet& row);
+struct AttachmentCopy {
+    std::string id, number; // of the row's key
+    std::string name;       // the document's own
+    std::string path;       // of its copy
+};
+AttachmentCopy attachmentCopyPath(const database::RecordSet& row);
 struct AttachmentFacts {
     std::string size, date; // "2KB" or "フォルダ"; "yyyy/mm/dd"
     std::string foundName;  // empty, like the other two, when the copy is missing
 };
-AttachmentFacts describeAttachment(const database::RecordSet& row);
+AttachmentFacts describeAttachment(const AttachmentCopy& copy);
 
 } // namespace kestrel

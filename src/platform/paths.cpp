@@ -15,7 +15,9 @@ std::string& pretendedFolder() {
 } // namespace
 
 std::size_t lastSeparator(std::string_view path) {
-    return path.find_last_of("/\\");
+    for (std::size_t at = path.size(); at > 0; --at)
+        if (path[at - 1] == '/' || path[at - 1] == '\\') return at - 1;
+    return std::string_view::npos;
 }
 
 std::string joinPath(std::string_view folder, std::string_view name) {
