@@ -17,7 +17,7 @@ bool RowsModel::follow() {
     revision_ = list_->rowsRevision;
     rows_ = rows;
     columns_ = columns;
-    flags_ = std::any_of(list_->rows.begin(), list_->rows.end(), [](const screen::ListRow& row) { return row.flag; });
+    flags_ = std::any_of(list_->rows.begin(), list_->rows.end(), [](const screen::ListRow& row) { return row.flag(); });
     endResetModel();
     return true;
 }
@@ -34,17 +34,11 @@ int RowsModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : columns_;
 }
 
-static QString cellText(const screen::ListRow& row, int column) {
-    if (column == 0) return shownText(row.text);
-    const auto sub = static_cast<std::size_t>(column) - 1;
-    return sub < row.subItems.size() ? shownText(row.subItems[sub]) : QString();
-}
-
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
     if (!list_ || !index.isValid() || index.row() >= static_cast<int>(list_->rows.size())) return {};
     const screen::ListRow& row = list_->rows[static_cast<std::size_t>(index.row())];
-    if (role == Qt::DisplayRole) return cellText(row, index.column());
-    if (role == Qt::DecorationRole && index.column() == 0 && flags_) return flagMark(row.flag);
+    if (role == Qt::DisplayRole) return shownText(row.cell(static_cast<std::size_t>(index.column())));
+    if (role == Qt::DecorationRole && index.column() == 0 && flags_) return flagMark(row.flag());
     return {};
 }
 
