@@ -16,6 +16,13 @@ public:
 
     void prepare(const std::string& sql); // and lets it go again
     void run(const std::string& sql);     // a SELECT up to its first row, anything else to its end
+    struct Read {
+        std::size_t rows = 0, bytes = 0;
+    };
+    Read readAll(const std::string& sql, const std::vector<std::string>& columns); // these columns of every row
+    std::string plan(const std::string& sql); // the engine's own words, one line a step
+    sqlite3_stmt* prepared(const std::string& sql);
+    [[noreturn]] void end(const std::string& what); // the process, with the engine's last word on it
 
     // Every row of a SELECT: the step is given the texts of its columns, a null as an empty one.
     template <class Step> void eachRow(const std::string& sql, Step step) {
@@ -32,7 +39,6 @@ public:
     }
 
 private:
-    sqlite3_stmt* prepared(const std::string& sql);
     sqlite3* handle = nullptr;
 };
 
