@@ -93,7 +93,7 @@ private:
 
     bool fieldPressed(const QObject* part, Control& control, const QMouseEvent& event) {
         const bool twice = event.type() == QEvent::MouseButtonDblClick && isField(control);
-        act([&] { twice ? pressTwice(control) : press(control); });
+        act([&] { twice ? pressAgain(control) : press(control); });
         return !goesOn(part, &control);
     }
 
@@ -117,7 +117,7 @@ private:
         if (control.kind == Kind::ListView && pressedRow_ >= 0)
             pressRow(control, pressedRow_, pressedTwice_);
         else
-            pressedTwice_ ? pressTwice(control) : press(control);
+            pressedTwice_ ? pressAgain(control) : press(control);
     }
 
     bool keyPressed(QObject* part, QKeyEvent& event) {
