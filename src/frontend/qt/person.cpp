@@ -152,7 +152,8 @@ private:
 
     static bool writes(const Window& window, std::optional<screen::Key> which, const QKeyEvent& event) {
         if (!window.focus || !isField(*window.focus)) return false;
-        return which ? editsText(*which, window.focus->kind) : !event.text().isEmpty();
+        if (!which) return !event.text().isEmpty();
+        return editsText(*which, window.focus->kind) && *strokeOf(*which).text; // the others only move the cursor
     }
 
     // The first thing typed into a field of a page that isn't shown brings the page to the front and then reaches the
