@@ -7,11 +7,10 @@
 #include "session/sessionValues.hpp"
 #include "text/characters.hpp"
 #include "text/numbers.hpp"
+#include "values/columns.hpp"
 #include "values/modDirectory.hpp"
 #include "values/modValues.hpp"
-
-#include <algorithm>
-#include <limits>
+#include "values/writerStamp.hpp"
 
 namespace kestrel {
 
@@ -46,9 +45,6 @@ std::string searchTelephone() {
 }
 std::string searchFax() {
     return normalizeTelephone(rosterSession.宛先FAX);
-}
-std::string writerStamp() {
-    return installation.userId + staff.staffCode + installation.computerName;
 }
 
 // In the order of the insert.
@@ -121,17 +117,6 @@ std::string writtenValue(const AddresseeColumn& column) {
     return column.written == Written::quoted ? quoteSqlText(held) : held;
 }
 
-// A null leaves what was there before.
-void takeText(const database::RecordSet& row, std::string_view column, std::string& value) {
-    value = row.text(column, value);
-}
-
-void takeNumber(const database::RecordSet& row, std::string_view column, std::int16_t& value) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    const long long number = text::leadingNumber(row.text(column, std::to_string(value)));
-    value = static_cast<std::int16_t>(std::clamp<long long>(number, Limits::min(), Limits::max()));
-}
-
 void takeDate(const database::RecordSet& row, std::string_view column, std::string& whole, std::string& year,
               std::string& month, std::string& day) {
     const std::optional<std::string> date = row.textOrNull(column);
@@ -185,17 +170,17 @@ bool readRosterHeader(std::string_view officeCode, std::string_view baseDate, st
 void takeRosterHeader() {
     RosterSession& s = rosterSession;
     database::RecordSet& row = s.rosterRecords;
-    takeText(row, "事業所コード", installation.sessionOffice);
-    takeText(row, "番号基準日付", s.番号基準日付);
+    takeColumn(row, "事業所コード", installation.sessionOffice);
+    takeColumn(row, "番号基準日付", s.番号基準日付);
     takeDate(row, "名簿日付", s.名簿日付, s.名簿日付年, s.名簿日付月, s.名簿日付日);
-    takeText(row, "名簿No", s.名簿No);
-    takeText(row, "担当者コード", s.担当者コード);
-    takeText(row, "担当者名", s.担当者名);
-    takeText(row, "部門コード", s.部門コード);
-    takeText(row, "部門名", s.部門名);
-    takeText(row, "セクションコード", s.セクションコード);
-    takeText(row, "セクション名", s.セクション名);
-    takeText(row, "名簿名称", s.名簿名称);
+    takeColumn(row, "名簿No", s.名簿No);
+    takeColumn(row, "担当者コード", s.担当者コード);
+    takeColumn(row, "担当者名", s.担当者名);
+    takeColumn(row, "部門コード", s.部門コード);
+    takeColumn(row, "部門名", s.部門名);
+    takeColumn(row, "セクションコード", s.セクションコード);
+    takeColumn(row, "セクション名", s.セクション名);
+    takeColumn(row, "名簿名称", s.名簿名称);
     takeDate(row, "発送日付", s.発送日付, s.発送日付年, s.発送日付月, s.発送日付日);
     row.close();
 }
@@ -220,9 +205,9 @@ void takeAddressee() {
     for (const AddresseeColumn& column : addresseeColumns) {
         if (column.taken == Taken::no) continue;
         if (column.number)
-            takeNumber(row, column.name, rosterSession.*column.number);
+            takeColumn(row, column.name, rosterSession.*column.number);
         else
-            takeText(row, column.name, rosterSession.*column.value);
+            takeColumn(row, column.name, rosterSession.*column.value);
     }
     row.close();
     rosterSession.newEntry = rosterSession.dirty = false;

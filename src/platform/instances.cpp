@@ -100,6 +100,13 @@ void withdrawInstance() {
     state().mark = -1;
 }
 
+void forgetInstances(std::string_view root) {
+    const std::string path = markPath(root);
+    if (path.empty()) return;
+    unlink(path.c_str());
+    unlink(exemptPath(path).c_str());
+}
+
 void pretendInstance(bool running) {
     state().pretended = running;
 }

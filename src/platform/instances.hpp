@@ -13,6 +13,10 @@ bool anotherInstanceRuns(std::string_view root);
 void announceInstance(std::string_view root);
 void withdrawInstance();
 
+// The installation at the root is going to be removed: what processes marked themselves with goes too. Whoever still
+// runs on it is known to nobody from then on.
+void forgetInstances(std::string_view root);
+
 // For tests: pretends that another one runs, or no longer does.
 void pretendInstance(bool running);
 

@@ -1,5 +1,6 @@
 #include "scenario/sandbox.hpp"
 
+#include "platform/instances.hpp"
 #include "scenario/scenario_error.hpp"
 #include "setup/installation.hpp"
 
@@ -71,7 +72,9 @@ Places Sandbox::fresh(const std::string& sample, const std::string& root) {
 }
 
 void Sandbox::remove(const Places& places) {
-    removeAll(fs::path(places.scratch).parent_path());
+    const fs::path place = fs::path(places.scratch).parent_path();
+    if (fs::path(places.root).parent_path() == place) platform::forgetInstances(places.root);
+    removeAll(place);
 }
 
 std::string sampleOf(std::string_view scenario) {

@@ -124,14 +124,10 @@ bool press(Control& control) {
     return true;
 }
 
-// Two quick presses of a button are two presses: nobody who steps through records fast loses one.
-bool pressTwice(Control& control) {
+bool pressAgain(Control& control) {
+    const bool button = isButton(control);
     if (!press(control)) return false;
-    if (isButton(control)) {
-        press(control);
-        return true;
-    }
-    if (stillUsable(control)) raise({control, Event::doubleClick});
+    if (!button && stillUsable(control)) raise({control, Event::doubleClick});
     return true;
 }
 

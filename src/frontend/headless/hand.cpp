@@ -132,6 +132,11 @@ void typeCharacter(screen::Control& field, std::string_view character, bool repl
         screen::key(*field.window, screen::Key::Enter);
 }
 
+bool stillShown(const screen::Window* window) {
+    const auto& shown = screen::shownWindows();
+    return std::find(shown.begin(), shown.end(), window) != shown.end();
+}
+
 } // namespace
 } // namespace kestrel::headless
 
@@ -144,8 +149,12 @@ bool click(screen::Control& control) {
     return pressed;
 }
 
+// As on a screen: the first press is one of its own, and may have closed the window.
 bool doubleClick(screen::Control& control) {
-    return screen::pressTwice(control);
+    const screen::Window* window = control.window;
+    if (!click(control)) return false;
+    if (headless::stillShown(window)) screen::pressAgain(control);
+    return true;
 }
 
 void key(screen::Key which) {
@@ -186,7 +195,10 @@ bool page(screen::Control& tab, int index) {
 }
 
 bool row(screen::Control& list, int index, bool twice) {
-    return screen::pressRow(list, index, twice);
+    const screen::Window* window = list.window;
+    if (!screen::pressRow(list, index)) return false;
+    if (twice && headless::stillShown(window)) screen::pressRow(list, index, true);
+    return true;
 }
 
 bool header(screen::Control& list, int column) {

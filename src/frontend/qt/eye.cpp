@@ -57,7 +57,8 @@ bool shownVisible(const Control& control) {
 
 int shownValue(const Control& control) {
     const QWidget* widget = widgetOf(control);
-    if (const auto* line = qobject_cast<const QLineEdit*>(widget)) return line->text().toInt();
+    const auto* line = qobject_cast<const QLineEdit*>(widget);
+    if (line && control.kind == screen::Kind::xNum) return line->text().toInt();
     if (widget && control.kind == screen::Kind::SSTab) return frontend::barOf(*widget).currentIndex();
     return control.value;
 }

@@ -93,7 +93,7 @@ private:
 
     bool fieldPressed(const QObject* part, Control& control, const QMouseEvent& event) {
         const bool twice = event.type() == QEvent::MouseButtonDblClick && isField(control);
-        act([&] { twice ? pressTwice(control) : press(control); });
+        act([&] { twice ? pressAgain(control) : press(control); });
         return !goesOn(part, &control);
     }
 
@@ -117,7 +117,7 @@ private:
         if (control.kind == Kind::ListView && pressedRow_ >= 0)
             pressRow(control, pressedRow_, pressedTwice_);
         else
-            pressedTwice_ ? pressTwice(control) : press(control);
+            pressedTwice_ ? pressAgain(control) : press(control);
     }
 
     bool keyPressed(QObject* part, QKeyEvent& event) {
@@ -152,7 +152,8 @@ private:
 
     static bool writes(const Window& window, std::optional<screen::Key> which, const QKeyEvent& event) {
         if (!window.focus || !isField(*window.focus)) return false;
-        return which ? editsText(*which, window.focus->kind) : !event.text().isEmpty();
+        if (!which) return !event.text().isEmpty();
+        return editsText(*which, window.focus->kind) && *strokeOf(*which).text; // the others only move the cursor
     }
 
     // The first thing typed into a field of a page that isn't shown brings the page to the front and then reaches the

@@ -138,3 +138,12 @@ TEST_F(EntryScreen, RosterDateIsRepaired) {
         EXPECT_EQ(rosterSession.名簿日付年 + rosterSession.名簿日付月 + rosterSession.名簿日付日, row.whole);
     }
 }
+
+TEST_F(EntryScreen, WithoutAnyStopTheFocusIsNotMoved) {
+    showEntryForm();
+    fillRequired();
+    screen::setFocus(entryForm().宛先住所A);
+    for (screen::Control& control : entryForm().window.controls) control.tabStop = false;
+    moveFocus(entryForm().宛先名称A);
+    EXPECT_EQ(entryForm().window.focus, &entryForm().宛先住所A);
+}

@@ -316,6 +316,7 @@ protected:
 
     void TearDown() override {
         withdrawInstance();
+        forgetInstances(root);
         pretendInstance(false);
     }
 };
@@ -394,6 +395,15 @@ TEST_F(Instances, areNotSeenInProgramsThatTheyStarted) {
     EXPECT_TRUE(startProgram("/bin/sleep", "2"));
     withdrawInstance();
     EXPECT_FALSE(anotherInstanceRuns(root));
+}
+
+TEST_F(Instances, leaveNothingBehindOfARemovedInstallation) {
+    Other plain([&] { return !anotherInstanceRuns(root); });
+    EXPECT_TRUE(plain.answer());
+    Other handoff([&] { return announceInstance(root), true; });
+    EXPECT_TRUE(handoff.answer());
+    forgetInstances(root);
+    EXPECT_FALSE(anotherInstanceRuns(root)) << "its marks are still there";
 }
 
 TEST_F(Instances, canBePretended) {

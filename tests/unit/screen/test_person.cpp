@@ -274,12 +274,14 @@ TEST_F(Person, RowsHeadersAndItemsArePicked) {
     EXPECT_EQ(steps, "click 表, click 表, double 表, header 表, change 選, ");
 }
 
-TEST_F(Person, ADoublePressIsAPressAndAnother) {
+TEST_F(Person, TheSecondPressOfADoubleClickIsAPressAndMore) {
     Control& field = add("甲", Kind::xField, 0);
     Control& button = add("ok", Kind::SSCommand, 1);
     show(window);
-    EXPECT_TRUE(pressTwice(field));
-    EXPECT_TRUE(pressTwice(button)); // a button takes both for itself
+    EXPECT_TRUE(press(field));
+    EXPECT_TRUE(pressAgain(field));
+    EXPECT_TRUE(press(button));
+    EXPECT_TRUE(pressAgain(button)); // a button takes both for itself
     EXPECT_EQ(steps, "in 甲, double 甲, out 甲, in ok, click ok, click ok, ");
 }
 
