@@ -86,22 +86,21 @@ std::optional<PickedRow> selectedRow() {
     const screen::Control& list = entryForm().List付属書類;
     if (list.selected < 0) return std::nullopt;
     const screen::ListRow& row = list.rows[static_cast<std::size_t>(list.selected)];
-    const std::size_t length = text::length(row.key);
+    const std::size_t length = text::length(row.key());
     const std::size_t idLength = length > numberWidth ? length - numberWidth - 1 : 0;
-    return PickedRow{row.text, text::slice(row.key, 1, idLength), text::slice(row.key, 1 + idLength, numberWidth)};
+    return PickedRow{std::string(row.text()), text::slice(row.key(), 1, idLength),
+                     text::slice(row.key(), 1 + idLength, numberWidth)};
 }
 
 std::string keyOf(const PickedRow& row) {
     return attachmentKey(attachmentOwner, row.id, row.number);
 }
 
-screen::ListRow listRow(const database::RecordSet& row) {
+void addListRow(screen::Control& list, const database::RecordSet& row) {
     const AttachmentCopy copy = attachmentCopyPath(row);
-    AttachmentFacts facts = describeAttachment(copy);
-    return {row.text("タイトル", ""),
-            "C" + copy.id + copy.number,
-            {std::move(facts.size), std::move(facts.date)},
-            !facts.foundName.empty()};
+    const AttachmentFacts facts = describeAttachment(copy);
+    const std::string title = row.text("タイトル", ""), key = "C" + copy.id + copy.number;
+    screen::addRow(list, {title, key, {facts.size, facts.date}, !facts.foundName.empty()});
 }
 
 void fillAttachmentList(const std::string& id) {
@@ -113,7 +112,7 @@ void fillAttachmentList(const std::string& id) {
                       "SELECT  * FROM M付属書類 WHERE 情報名 = '" + std::string(attachmentOwner) +
                           "' AND 情報識別ID = '" + id + "' ORDER BY SEQNo",
                       false))
-        for (; !rows.eof(); rows.moveNext()) screen::addRow(list, listRow(rows));
+        for (; !rows.eof(); rows.moveNext()) addListRow(list, rows);
     rows.close();
 }
 
