@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 #include <string>
+#include <vector>
 
 namespace kestrel::bench {
 
@@ -15,9 +16,15 @@ public:
 
     void prepare(const std::string& sql); // and lets it go again
     void run(const std::string& sql);     // a SELECT up to its first row, anything else to its end
+    struct Read {
+        std::size_t rows = 0, bytes = 0;
+    };
+    Read readAll(const std::string& sql, const std::vector<std::string>& columns); // these columns of every row
+    std::string plan(const std::string& sql);    // the engine's own words, one line a step
+    sqlite3_stmt* prepared(const std::string& sql);
+    [[noreturn]] void end(const std::string& what); // the process, with the engine's last word on it
 
 private:
-    sqlite3_stmt* prepared(const std::string& sql);
     sqlite3* handle = nullptr;
 };
 
