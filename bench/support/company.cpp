@@ -16,8 +16,8 @@ using setup::padded;
 
 namespace {
 
-constexpr int edition = 1; // of the rows below: another number makes every company anew
-constexpr std::size_t staffMembers = 6;
+constexpr int edition = 2; // of the rows below: another number makes every company anew
+constexpr std::size_t staffMembers = 6, firstMember = 2; // of one office
 
 struct Cell {
     const char* column;
@@ -25,8 +25,9 @@ struct Cell {
 };
 using Cells = std::vector<Cell>;
 
+// Names come again in the order of their numbers; each of them is to be at every member of the staff.
 std::string staffOf(std::size_t number) {
-    return padded(1 + number % staffMembers, 5);
+    return padded(firstMember + number * 7919 / 64 % staffMembers, 5);
 }
 
 const char* areaOf(std::size_t number) {
@@ -196,8 +197,7 @@ std::string companyFile(const CompanySize& size) {
     return file.string();
 }
 
-Company::Company(const CompanySize& size) : installed(setup::What::full, Where::memory) {
-    const std::string file = companyFile(size);
+Company::Company(const CompanySize& size) : file(companyFile(size)), installed(setup::What::full, Where::memory) {
     fs::remove(installed.mainFile());
     fs::create_symlink(file, installed.mainFile());
 }

@@ -32,7 +32,8 @@ public:
     const Installation& place() const { return installed; }
 
 private:
-    Installation installed;
+    const std::string file; // made first: making it takes an installation too, and the last one is the program's
+    const Installation installed;
 };
 
 } // namespace kestrel::bench

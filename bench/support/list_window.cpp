@@ -34,11 +34,16 @@ void add(std::vector<std::string>& columns, std::string_view column) {
 void inList(const ListSpec& spec, std::string_view condition, std::string_view field,
             const std::function<void(ListWindow&)>& work) {
     screen::Control& target = entryField(field);
-    workInside = [&] { work(listOf(*screen::activeWindow())); };
+    bool worked = false;
+    workInside = [&] {
+        work(listOf(*screen::activeWindow()));
+        worked = true;
+    };
     screen::setActSource(workThenClose);
     screen::setEnabled(*rosterSession.currentForm, false);
     openList(spec, condition, target, target);
     screen::setActSource(nullptr);
+    if (!worked) standStill(std::string(spec.name) + " doesn't open");
 }
 
 void type(ListWindow& list, std::string_view field, std::string_view text) {

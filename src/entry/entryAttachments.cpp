@@ -86,21 +86,22 @@ std::optional<PickedRow> selectedRow() {
     const screen::Control& list = entryForm().List付属書類;
     if (list.selected < 0) return std::nullopt;
     const screen::ListRow& row = list.rows[static_cast<std::size_t>(list.selected)];
-    const std::size_t length = text::length(row.key);
+    const std::size_t length = text::length(row.key());
     const std::size_t idLength = length > numberWidth ? length - numberWidth - 1 : 0;
-    return PickedRow{row.text, text::slice(row.key, 1, idLength), text::slice(row.key, 1 + idLength, numberWidth)};
+    return PickedRow{std::string(row.text()), text::slice(row.key(), 1, idLength),
+                     text::slice(row.key(), 1 + idLength, numberWidth)};
 }
 
 std::string keyOf(const PickedRow& row) {
     return attachmentKey(attachmentOwner, row.id, row.number);
 }
 
-screen::ListRow listRow(const database::RecordSet& row) {
+void addAttachment(screen::Control& list, const database::RecordSet& row) {
     const AttachmentFacts facts = describeAttachment(row);
-    return {row.text("タイトル", ""),
-            "C" + row.text("情報識別ID", "") + row.text("SEQNo", ""),
-            {facts.size, facts.date},
-            !facts.foundName.empty()};
+    screen::addRow(list, {row.text("タイトル", ""),
+                          "C" + row.text("情報識別ID", "") + row.text("SEQNo", ""),
+                          {facts.size, facts.date},
+                          !facts.foundName.empty()});
 }
 
 void fillAttachmentList(const std::string& id) {
@@ -112,7 +113,7 @@ void fillAttachmentList(const std::string& id) {
                       "SELECT  * FROM M付属書類 WHERE 情報名 = '" + std::string(attachmentOwner) +
                           "' AND 情報識別ID = '" + id + "' ORDER BY SEQNo",
                       false))
-        for (; !rows.eof(); rows.moveNext()) screen::addRow(list, listRow(rows));
+        for (; !rows.eof(); rows.moveNext()) addAttachment(list, rows);
     rows.close();
 }
 

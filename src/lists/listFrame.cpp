@@ -116,7 +116,7 @@ void emptyControl(Control& control) {
     control.value = control.minValue = control.maxValue = 0;
     control.listIndex = -1;
     control.items.clear();
-    control.rows = {};
+    control.rows = std::vector<screen::ListRow>(); // gives the memory back
     ++control.rowsRevision;
     control.selected = -1;
     control.sortKey = 0;
@@ -214,9 +214,9 @@ void openNestedList(ListWindow& parent, const NestedList& nested) {
 void closeByPick(ListWindow& list) {
     const Control& rows = rowsOf(list);
     if (rows.selected < 0) return;
-    const screen::ListRow picked = rows.rows[static_cast<std::size_t>(rows.selected)];
-    rosterSession.lookupCondition = list.spec.returnsKey ? picked.key : "";
-    screen::setText(*rosterSession.lookupTarget, picked.text);
+    const screen::ListRow& picked = rows.rows[static_cast<std::size_t>(rows.selected)];
+    rosterSession.lookupCondition = list.spec.returnsKey ? picked.key() : "";
+    screen::setText(*rosterSession.lookupTarget, std::string(picked.text())); // its change may touch the rows
     close(list);
     enableOpener();
     moveFocusOn();

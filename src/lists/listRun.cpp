@@ -46,25 +46,40 @@ void showStatus(ListWindow& list, std::size_t index) {
     screen::setListIndex(controlOf(list, status.dropDown), number.value);
 }
 
-std::string keyOf(const ListSpec& spec, const database::RecordSet& records) {
-    std::string key = "C";
-    for (std::string_view column : spec.keyColumns) key += records.text(column, "");
-    return key;
-}
+// Adds the records of one search as rows. Where the columns stand is found once, and the texts go from the engine into
+// the row without a stop.
+class Filling {
+public:
+    Filling(const ListSpec& spec, const database::RecordSet& itsRecords) : records(itsRecords) {
+        for (const ListWindowColumn& column : spec.columns) columns.push_back(records.columnIndex(column.column));
+        for (std::string_view column : spec.keyColumns) keyColumns.push_back(records.columnIndex(column));
+        row.subItems.resize(columns.size() - 1);
+    }
 
-screen::ListRow rowOf(const ListSpec& spec, const database::RecordSet& records) {
-    screen::ListRow row{records.text(spec.columns[0].column, ""), keyOf(spec, records), {}, false};
-    row.subItems.reserve(spec.columns.size() - 1);
-    for (const ListWindowColumn& column : spec.columns.subspan(1))
-        row.subItems.push_back(records.text(column.column, ""));
-    return row;
-}
+    void addTo(Control& rows) {
+        row.text = cell(columns[0]);
+        for (std::size_t i = 1; i < columns.size(); ++i) row.subItems[i - 1] = cell(columns[i]);
+        key = "C";
+        for (int column : keyColumns) key += cell(column);
+        row.key = key;
+        screen::addRow(rows, row);
+    }
+
+private:
+    std::string_view cell(int column) const { return records.view(column).value_or(""); }
+
+    const database::RecordSet& records;
+    std::vector<int> columns, keyColumns;
+    screen::RowTexts row;
+    std::string key;
+};
 
 // The rows that were added; never more than the limit, if there is one.
 int fill(const ListSpec& spec, Control& rows, database::RecordSet& records) {
+    Filling filling(spec, records);
     int count = 0;
     for (; (spec.rowLimit == 0 || count < spec.rowLimit) && !records.eof(); records.moveNext(), ++count)
-        screen::addRow(rows, rowOf(spec, records));
+        filling.addTo(rows);
     return count;
 }
 

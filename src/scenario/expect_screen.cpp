@@ -21,8 +21,8 @@ Finding compared(const std::string& there, const std::string& expected) {
 
 std::string cellText(const screen::Control& list, int row, const std::string& column) {
     const screen::ListRow& record = list.rows.at(static_cast<std::size_t>(row));
-    if (column == "key") return record.key;
-    if (column == "flag") return yesNo(record.flag);
+    if (column == "key") return std::string(record.key());
+    if (column == "flag") return yesNo(record.flag());
     return hand::shownCell(list, row, wholeArgument(column));
 }
 

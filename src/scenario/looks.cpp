@@ -21,8 +21,8 @@ namespace {
 void showRows(const Control& list) {
     for (int row = 0; row < hand::shownRowCount(list); ++row) {
         const screen::ListRow& record = list.rows.at(static_cast<std::size_t>(row));
-        std::string line = "    " + record.key + ":" + (record.flag ? " *" : "");
-        for (int column = 0; column <= static_cast<int>(record.subItems.size()); ++column)
+        std::string line = "    " + std::string(record.key()) + ":" + (record.flag() ? " *" : "");
+        for (int column = 0; column < static_cast<int>(record.columnCount()); ++column)
             line += (column ? " | " : " ") + hand::shownCell(list, row, column);
         writeLine(line);
     }

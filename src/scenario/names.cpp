@@ -87,7 +87,7 @@ std::optional<int> rowIndex(const Control& list, std::string_view row) {
         return std::nullopt;
     }
     const auto found =
-        std::find_if(rows.begin(), rows.end(), [row](const screen::ListRow& each) { return each.key == row; });
+        std::find_if(rows.begin(), rows.end(), [row](const screen::ListRow& each) { return each.key() == row; });
     if (found == rows.end()) return std::nullopt;
     return static_cast<int>(found - rows.begin());
 }

@@ -33,7 +33,7 @@ std::string value(const Control& control) {
 
 std::string selectedKey(const Control& control) {
     const int index = hand::shownSelected(control);
-    return index < 0 ? std::string() : control.rows.at(static_cast<std::size_t>(index)).key;
+    return index < 0 ? "" : std::string(control.rows.at(static_cast<std::size_t>(index)).key());
 }
 
 std::string columns(const Control& control) {

@@ -159,9 +159,9 @@ void clearRows(Control& list) {
     ++list.rowsRevision;
 }
 
-void addRow(Control& list, ListRow row) {
+void addRow(Control& list, const RowTexts& row) {
     if (ended()) return;
-    list.rows.push_back(std::move(row));
+    list.rows.emplace_back(row);
     ++list.rowsRevision;
 }
 

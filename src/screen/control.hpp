@@ -3,6 +3,8 @@
 // event where a control has one.
 #pragma once
 
+#include "screen/list_row.hpp"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,13 +41,6 @@ struct Place {
 struct ListColumn {
     std::string title;
     int width = 0; // twips
-};
-
-struct ListRow {
-    std::string text; // first column
-    std::string key;
-    std::vector<std::string> subItems; // second column on
-    bool flag = false;                 // in a marked list: what the row stands for is there
 };
 
 enum class SortOrder { ascending, descending };
@@ -105,7 +100,7 @@ void setListIndex(Control& control, int index); // drop-down; outside its rows: 
 
 void setColumns(Control& list, std::vector<ListColumn> columns);
 void clearRows(Control& list); // also forgets the selection
-void addRow(Control& list, ListRow row);
+void addRow(Control& list, const RowTexts& row);
 void setSelected(Control& list, int index);
 
 // How an xZip shows digits: a hyphen behind the third as soon as a fourth is there; any other text as typed.

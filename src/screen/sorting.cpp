@@ -16,17 +16,11 @@ using Places = std::vector<std::uint32_t>; // which row comes where
 std::vector<std::string_view> shownTexts(const Control& list) {
     std::vector<std::string_view> texts;
     texts.reserve(list.rows.size());
-    for (const ListRow& row : list.rows) {
-        const auto sub = static_cast<std::size_t>(list.sortKey) - 1;
-        if (list.sortKey == 0)
-            texts.emplace_back(row.text);
-        else
-            texts.emplace_back(sub < row.subItems.size() ? std::string_view(row.subItems[sub]) : std::string_view());
-    }
+    for (const ListRow& row : list.rows) texts.push_back(row.cell(static_cast<std::size_t>(list.sortKey)));
     return texts;
 }
 
-// Places are sorted and not the rows, which are large; descending keeps equal rows in their order too.
+// Places are sorted and not the rows, so that their texts are found once; descending keeps equal rows in their order too.
 Places orderOf(const Control& list) {
     const std::vector<std::string_view> texts = shownTexts(list);
     Places places(list.rows.size());

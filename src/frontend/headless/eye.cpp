@@ -45,10 +45,7 @@ int shownRowCount(const Control& list) {
 }
 
 std::string shownCell(const Control& list, int row, int column) {
-    const screen::ListRow& shown = list.rows.at(static_cast<std::size_t>(row));
-    if (column == 0) return shown.text;
-    const auto index = static_cast<std::size_t>(column) - 1;
-    return index < shown.subItems.size() ? shown.subItems[index] : std::string();
+    return std::string(list.rows.at(static_cast<std::size_t>(row)).cell(static_cast<std::size_t>(column)));
 }
 
 int shownSelected(const Control& list) {

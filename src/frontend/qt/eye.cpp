@@ -86,10 +86,7 @@ int shownRowCount(const Control& list) {
 
 std::string shownCell(const Control& list, int row, int column) {
     if (const QTableView* table = tableOf(list)) return modelText(table->model()->index(row, column).data().toString());
-    const screen::ListRow& cells = list.rows[static_cast<std::size_t>(row)];
-    const auto sub = static_cast<std::size_t>(column) - 1;
-    if (column == 0) return cells.text;
-    return sub < cells.subItems.size() ? cells.subItems[sub] : "";
+    return std::string(list.rows[static_cast<std::size_t>(row)].cell(static_cast<std::size_t>(column)));
 }
 
 int shownSelected(const Control& list) {

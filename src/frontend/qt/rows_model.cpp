@@ -31,24 +31,18 @@ int RowsModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : columns_;
 }
 
-static QString cellText(const screen::ListRow& row, int column) {
-    if (column == 0) return shownText(row.text);
-    const auto sub = static_cast<std::size_t>(column) - 1;
-    return sub < row.subItems.size() ? shownText(row.subItems[sub]) : QString();
-}
-
 // The mark, and its words for who can't see it or wonders.
 static QVariant markOf(const screen::ListRow& row, int role) {
-    if (role == Qt::DecorationRole) return flagMark(row.flag);
+    if (role == Qt::DecorationRole) return flagMark(row.flag());
     if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
-        return QString::fromUtf8(row.flag ? "あります" : "見つかりません");
+        return QString::fromUtf8(row.flag() ? "あります" : "見つかりません");
     return {};
 }
 
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
     if (!list_ || !index.isValid() || index.row() >= static_cast<int>(list_->rows.size())) return {};
     const screen::ListRow& row = list_->rows[static_cast<std::size_t>(index.row())];
-    if (role == Qt::DisplayRole) return cellText(row, index.column());
+    if (role == Qt::DisplayRole) return shownText(row.cell(static_cast<std::size_t>(index.column())));
     return list_->marked && index.column() == 0 ? markOf(row, role) : QVariant();
 }
 

@@ -6,18 +6,21 @@ namespace kestrel::database {
 
 namespace {
 
-int columnIndex(const SqliteRows& rows, std::string_view column) {
+int indexOf(const SqliteRows& rows, std::string_view column) {
     int count = rows.columnCount();
     for (int i = 0; i < count; ++i)
         if (sameName(rows.columnName(i), column)) return i;
-    return -1;
+    throw DatabaseError("there is no column " + std::string(column));
+}
+
+const SqliteRows& readable(const SqliteRows* rows, std::string_view column) {
+    if (!rows || rows->atEnd()) throw DatabaseError("there is no row to read " + std::string(column) + " from");
+    return *rows;
 }
 
 std::optional<std::string_view> valueOf(const SqliteRows* rows, std::string_view column) {
-    if (!rows || rows->atEnd()) throw DatabaseError("there is no row to read " + std::string(column) + " from");
-    int index = columnIndex(*rows, column);
-    if (index < 0) throw DatabaseError("there is no column " + std::string(column));
-    return rows->value(index);
+    const SqliteRows& present = readable(rows, column);
+    return present.value(indexOf(present, column));
 }
 
 } // namespace
@@ -57,6 +60,16 @@ std::string RecordSet::text(std::string_view column, std::string_view whenNull) 
 std::optional<std::string> RecordSet::textOrNull(std::string_view column) const {
     auto value = valueOf(std::get_if<SqliteRows>(&rows), column);
     return value ? std::optional<std::string>(*value) : std::nullopt;
+}
+
+int RecordSet::columnIndex(std::string_view column) const {
+    return indexOf(readable(std::get_if<SqliteRows>(&rows), column), column);
+}
+
+std::optional<std::string_view> RecordSet::view(int index) const {
+    auto sqlite = std::get_if<SqliteRows>(&rows);
+    if (!sqlite || sqlite->atEnd()) throw DatabaseError("there is no row to read from");
+    return sqlite->value(index);
 }
 
 int RecordSet::columnCount() const {

@@ -30,6 +30,10 @@ public:
     std::string text(std::string_view column) const;                            // a null raises
     std::string text(std::string_view column, std::string_view whenNull) const; // a null gives whenNull
     std::optional<std::string> textOrNull(std::string_view column) const;
+    // The same for who reads many rows: the column is found once (one that isn't there raises), and the text is the
+    // engine's own, valid until the next row; nothing for a null.
+    int columnIndex(std::string_view column) const;
+    std::optional<std::string_view> view(int index) const;
     int columnCount() const;
     std::string columnName(int index) const;
 

@@ -212,9 +212,10 @@ std::string_view SqliteRows::columnName(int index) const {
 
 std::optional<std::string_view> SqliteRows::value(int index) const {
     if (result->kept) return result->cells[result->firstCell + static_cast<std::size_t>(index)];
-    if (sqlite3_column_type(result->statement, index) == SQLITE_NULL) return std::nullopt;
     auto text = reinterpret_cast<const char*>(sqlite3_column_text(result->statement, index));
-    return std::string_view(text ? text : "", static_cast<std::size_t>(sqlite3_column_bytes(result->statement, index)));
+    if (text) return std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(result->statement, index)));
+    if (sqlite3_column_type(result->statement, index) == SQLITE_NULL) return std::nullopt;
+    return "";
 }
 
 SqliteConnection& SqliteConnection::operator=(SqliteConnection&& other) noexcept {

@@ -31,7 +31,7 @@ public:
     int columnCount() const;
     std::string_view columnName(int index) const;
     std::optional<std::string_view>
-    value(int index) const; // of the present row, valid until the next call; nothing: null
+    value(int index) const; // of the present row, valid until the next one; nothing: null
 
 private:
     std::unique_ptr<SqliteResult> result;
