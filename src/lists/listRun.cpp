@@ -60,7 +60,7 @@ public:
         row.text = cell(columns[0]);
         for (std::size_t i = 1; i < columns.size(); ++i) row.subItems[i - 1] = cell(columns[i]);
         key = "C";
-        for (int column : keyColumns) key += cell(column);
+        for (int column : keyColumns) key += column == columns[0] ? row.text : cell(column);
         row.key = key;
         screen::addRow(rows, row);
     }
