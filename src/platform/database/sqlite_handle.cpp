@@ -1,5 +1,7 @@
 #include "platform/database/sqlite_handle.hpp"
 
+#include "platform/database/sqlite_like.hpp"
+
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
@@ -50,6 +52,7 @@ Result<sqlite3*> openAndRead(const std::string& address, int flags, int waiting)
         sqlite3_busy_timeout(handle, waiting * 1000);
         code = readHeader(handle);
     }
+    if (code == SQLITE_OK) code = replaceLike(handle);
     if (code == SQLITE_OK) return handle;
     return closeFailed(handle, code);
 }
