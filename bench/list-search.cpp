@@ -55,14 +55,13 @@ int measureAll(ListWindow& list, bench::RawDatabase& raw, std::initializer_list<
 int measureCustomers(bench::RawDatabase& raw) {
     int exceeded = 0;
     bench::inList(wnd得意先一覧, "", "得意先コード", [&](ListWindow& list) {
-        exceeded = measureAll(
-            list, raw,
-            {{"1,000 customers by code", "コード", "150000", "btn_コード検索", all, 41, 10},
-             {"1,000 customers by name", "名称", "青葉", "btn_名称検索", all, 11, 1},
-             {"no customer by name", "名称", "名無しの会社", "btn_名称検索", 0, 11, 1},
-             {"no customer by address", "住所", "どこにもない町", "btn_住所検索", 0, 11, 1},
-             {"no customer by kana", "カナ", "ﾅﾅｼﾉｶｲｼｬ", "btn_カナ検索", 0, 11, 1},
-             {"no customer by telephone", "電話", "0888888888", "btn_電話番号検索", 0, 5, 1}});
+        exceeded = measureAll(list, raw,
+                              {{"1,000 customers by code", "コード", "150000", "btn_コード検索", all, 41, 10},
+                               {"1,000 customers by name", "名称", "青葉", "btn_名称検索", all, 11, 1},
+                               {"no customer by name", "名称", "名無しの会社", "btn_名称検索", 0, 11, 1},
+                               {"no customer by address", "住所", "どこにもない町", "btn_住所検索", 0, 11, 1},
+                               {"no customer by kana", "カナ", "ﾅﾅｼﾉｶｲｼｬ", "btn_カナ検索", 0, 11, 1},
+                               {"no customer by telephone", "電話", "0888888888", "btn_電話番号検索", 0, 5, 1}});
     });
     return exceeded;
 }

@@ -16,7 +16,7 @@ using setup::padded;
 
 namespace {
 
-constexpr int edition = 2; // of the rows below: another number makes every company anew
+constexpr int edition = 2;                               // of the rows below: another number makes every company anew
 constexpr std::size_t staffMembers = 6, firstMember = 2; // of one office
 
 struct Cell {

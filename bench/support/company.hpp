@@ -15,7 +15,6 @@ struct CompanySize {
 inline constexpr CompanySize wholeCompany = {200'000, 400'000, 20'000, 1'000'000, 124'000};
 inline constexpr CompanySize halfTheCustomers = {100'000, 200'000, 0, 0, 0};
 
-
 // The first roster has all addressees that the others, each with the same number of them, leave.
 inline constexpr const char* rosterOffice = "001";
 inline constexpr const char* rosterBaseDate = "20250331";

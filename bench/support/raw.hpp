@@ -20,7 +20,7 @@ public:
         std::size_t rows = 0, bytes = 0;
     };
     Read readAll(const std::string& sql, const std::vector<std::string>& columns); // these columns of every row
-    std::string plan(const std::string& sql);    // the engine's own words, one line a step
+    std::string plan(const std::string& sql); // the engine's own words, one line a step
     sqlite3_stmt* prepared(const std::string& sql);
     [[noreturn]] void end(const std::string& what); // the process, with the engine's last word on it
 

@@ -20,7 +20,8 @@ std::vector<std::string_view> shownTexts(const Control& list) {
     return texts;
 }
 
-// Places are sorted and not the rows, so that their texts are found once; descending keeps equal rows in their order too.
+// Places are sorted and not the rows, so that their texts are found once; descending keeps equal rows in their order
+// too.
 Places orderOf(const Control& list) {
     const std::vector<std::string_view> texts = shownTexts(list);
     Places places(list.rows.size());

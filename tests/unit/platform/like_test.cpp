@@ -86,6 +86,7 @@ const std::vector<std::string> broken = {"\x81",
                                          "\xF0\x82\x82\xA9",
                                          "\xF0\x9F",
                                          "\xED\xA0\x80",
+                                         "\xED\xA1\x81",
                                          "\xEF\xBF\xBD",
                                          "\xEF\xBF\xBE",
                                          "\xEF\xBF\xBF",
@@ -153,6 +154,17 @@ TEST_F(Like, answersAsTheEngineForManyRandomPairs) {
         found += static_cast<std::size_t>(std::ranges::count(answers, '1'));
     }
     EXPECT_GT(found, patterns * texts / 50); // there was something to find
+}
+
+TEST_F(Like, takesForEachOtherWhatTheEngineDoes) {
+    std::vector<std::string> pieces = whole;
+    pieces.insert(pieces.end(), broken.begin(), broken.end());
+    for (const std::string& piece : pieces) add("東" + piece + "京");
+    for (const std::string& piece : pieces) {
+        expectSame("値 LIKE ?1", {"%" + piece + "%"});
+        expectSame("値 LIKE ?1", {"%" + piece + "京%"});
+        expectSame("値 LIKE ?1", {"%東" + piece + "%"});
+    }
 }
 
 TEST_F(Like, answersAsTheEngineForWhatIsNoText) {
