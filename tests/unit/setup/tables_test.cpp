@@ -9,6 +9,13 @@ namespace kestrel::setup {
 class TablesTest : public Installations {
 protected:
     const char* fileOf(const Table& table) { return table.database == "main" ? mainFile : localFile; }
+    // The engine's own words on how it goes about a read of the main database, one line a step.
+    static std::string planOf(const std::string& root, const std::string& sql) {
+        std::string plan;
+        for (const Row& row : rowsIn(root, mainFile, "EXPLAIN QUERY PLAN " + sql))
+            plan += row.get("detail").value_or("") + "\n";
+        return plan;
+    }
 };
 
 TEST_F(TablesTest, everyColumnOfTheDefinitionStandsInTheDatabaseInItsOrder) {
@@ -69,13 +76,6 @@ TEST_F(TablesTest, textComparesByCodePoint) {
     const std::string root = make("a", What::minimal);
     EXPECT_EQ(valueIn(root, mainFile, "SELECT COUNT(*) AS n FROM M担当者 WHERE ログインID = 'YAMADA'"), "0");
     EXPECT_EQ(valueIn(root, mainFile, "SELECT COUNT(*) AS n FROM M担当者 WHERE カナ > '一'"), "1");
-}
-
-static std::string planOf(const std::string& root, const std::string& sql) {
-    std::string plan;
-    for (const Row& row : rowsIn(root, mainFile, "EXPLAIN QUERY PLAN " + sql))
-        plan += row.get("detail").value_or("") + "\n";
-    return plan;
 }
 
 TEST_F(TablesTest, rostersAreReadInTheOrderOfTheirDateWithoutSorting) {
