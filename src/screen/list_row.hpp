@@ -13,7 +13,7 @@ struct RowTexts {
     std::string_view text; // first column
     std::string_view key;
     std::vector<std::string_view> subItems; // second column on
-    bool flag = false;                      // shown as a mark in front of the text
+    bool flag = false;                      // in a marked list: what the row stands for is there
 };
 
 class ListRow {

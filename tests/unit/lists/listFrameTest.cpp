@@ -160,8 +160,8 @@ TEST_F(ListFrame, ACodeThatIsNullCountsAsEmpty) {
         heldValue(list, "郵便番号").clear();
         runSearch(list);
         ASSERT_EQ(rowsOf(list).rows.size(), 1U);
-        EXPECT_EQ(rowsOf(list).rows[0].text, "");
-        EXPECT_EQ(rowsOf(list).rows[0].key, "C");
+        EXPECT_EQ(rowsOf(list).rows[0].text(), "");
+        EXPECT_EQ(rowsOf(list).rows[0].key(), "C");
     });
 }
 

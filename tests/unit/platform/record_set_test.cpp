@@ -77,6 +77,21 @@ TEST_F(Records, answerColumnsByName) {
     EXPECT_EQ(raised([&] { set.text("missing", ""); }), "there is no column missing");
 }
 
+TEST_F(Records, answerColumnsByTheirPlaceFoundOnce) {
+    auto set = open("SELECT コード, Name, n FROM a ORDER BY コード");
+    const int name = set.columnIndex("NAME"), n = set.columnIndex("n");
+    EXPECT_EQ(set.view(name), "x");
+    EXPECT_EQ(set.view(n), "10");
+    run(connection, {"DELETE FROM a"}); // what is left was fetched before
+    set.moveNext();
+    EXPECT_EQ(set.view(name), std::nullopt);
+    EXPECT_EQ(set.view(n), "-5");
+    EXPECT_NE(raised([&] { set.columnIndex("名称"); }).find("名称"), std::string::npos);
+    set.close();
+    EXPECT_NE(raised([&] { set.columnIndex("n"); }), "nothing");
+    EXPECT_NE(raised([&] { set.view(n); }), "nothing");
+}
+
 TEST_F(Records, raiseANullWithoutADefault) {
     auto set = open("SELECT * FROM a WHERE コード = '2'");
     EXPECT_EQ(raised([&] { set.text("Name"); }), "the column Name is null");

@@ -6,16 +6,16 @@ using namespace kestrel::screen;
 
 namespace {
 
-Control listOf(std::vector<ListRow> rows) {
+Control listOf(std::initializer_list<RowTexts> rows) {
     Control list;
     list.kind = Kind::ListView;
-    list.rows = std::move(rows);
+    for (const RowTexts& row : rows) addRow(list, row);
     return list;
 }
 
 std::string keys(const Control& list) {
     std::string joined;
-    for (const ListRow& row : list.rows) joined += row.key;
+    for (const ListRow& row : list.rows) joined += row.key();
     return joined;
 }
 
