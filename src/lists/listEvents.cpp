@@ -26,13 +26,17 @@ const ListField& fieldOf(const ListSpec& spec, const Control& control) {
     return spec.fields[fieldIndex(spec, control.name)];
 }
 
+// A telephone number or postal code is there when it has a digit.
+bool goesByDigits(const ListField& field) {
+    return field.leaving == Leaving::telephone || field.leaving == Leaving::postalCode;
+}
+
 // Search buttons
 
 bool showsSomething(ListWindow& list, std::string_view field) {
     const ListField& row = list.spec.fields[fieldIndex(list.spec, field)];
     const std::string& text = controlOf(list, field).text;
-    const bool digits = row.leaving == Leaving::telephone || row.leaving == Leaving::postalCode;
-    return digits ? !digitsOnly(text).empty() : !text::trim(text).empty();
+    return goesByDigits(row) ? !digitsOnly(text).empty() : !text::trim(text).empty();
 }
 
 void updateSearchButton(ListWindow& list, const SearchMode& mode) {
@@ -55,8 +59,7 @@ void fieldChanged(const Occurrence& occurrence) {
 
 // The value that the field's text stands for; the old one when it has no digit where digits are wanted.
 std::string valueOf(const ListField& field, const std::string& text, const std::string& held) {
-    const bool digits = field.leaving == Leaving::telephone || field.leaving == Leaving::postalCode;
-    if (digits && (digitsOnly(text).empty() || text == held)) return held;
+    if (goesByDigits(field) && (digitsOnly(text).empty() || text == held)) return held;
     if (field.leaving == Leaving::postalCode) return normalizeTelephone(text);
     return field.leaving == Leaving::code ? formatToMask(text, field.mask) : text;
 }

@@ -50,8 +50,10 @@ std::string wideDigits(std::size_t number) {
 void settle(Party& party, Generator& chance, std::string_view areaCode) {
     const Town& town = chance.from(townsIn(areaCode));
     party.postalCode = town.postalCode;
-    party.addressA =
-        town.municipality + town.name + wideDigits(1 + chance.below(5)) + "－" + wideDigits(1 + chance.below(28));
+    // One statement a choice: inside one expression each compiler would draw in an order of its own.
+    const std::string house = wideDigits(1 + chance.below(28));
+    const std::string block = wideDigits(1 + chance.below(5));
+    party.addressA = town.municipality + town.name + block + "－" + house;
     if (chance.oneIn(2)) party.addressA += "－" + wideDigits(1 + chance.below(15));
     if (chance.oneIn(3)) party.addressB = chance.from(words("building"));
 }
