@@ -105,7 +105,7 @@ void addListRow(screen::Control& list, const database::RecordSet& row) {
 
 void fillAttachmentList(const std::string& id) {
     screen::Control& list = entryForm().List付属書類;
-    screen::clearRows(list);
+    screen::clearRows(list); // the selection goes with them
     if (text::trim(entryForm().名簿宛先No.text).empty()) return;
     database::RecordSet rows;
     if (openRecordset(rows,
@@ -128,12 +128,10 @@ void updateAttachmentButtons(const std::string& id) {
 } // namespace
 
 void 付属書類listint() {
-    screen::Control& list = entryForm().List付属書類;
-    screen::setColumns(list, {{"書類名", 5450}, {"サイズ", 1050}, {"更新日付", 1400}});
+    screen::setColumns(entryForm().List付属書類, {{"書類名", 5450}, {"サイズ", 1050}, {"更新日付", 1400}});
     const std::string id = shownId(shownBaseDate());
     fillAttachmentList(id);
     updateAttachmentButtons(id);
-    screen::setSelected(list, -1);
 }
 
 void pressAddFile(screen::Control&) {
