@@ -8,7 +8,9 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QPushButton>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <vector>
@@ -90,9 +92,20 @@ QStringList nameFilters(const std::string& filter) {
     return filters;
 }
 
+// Name, size and date as wide as what stands in them; the kind says nothing that the name doesn't.
+void widenColumns(QFileDialog& picker) {
+    constexpr int kind = 2;
+    auto* entries = picker.findChild<QTreeView*>("treeView");
+    if (!entries) return;
+    entries->setColumnHidden(kind, true);
+    for (int column : {1, 3}) entries->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    entries->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 std::optional<std::string> runPicker(QFileDialog& picker, const std::string& startFolder) {
     picker.setOption(QFileDialog::DontUseNativeDialog);
     picker.setDirectory(shownText(startFolder));
+    widenColumns(picker);
     runDialog(picker);
     if (picker.result() != QDialog::Accepted || picker.selectedFiles().isEmpty()) return std::nullopt;
     return modelText(picker.selectedFiles().constFirst());
