@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QHash>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -129,13 +130,20 @@ void apply(WindowView& view) {
     applyFocus(view);
 }
 
+// A list is wider than the form that opens it: at the edge of the screen it moves in, its upper left corner first.
+QPoint insideScreen(QPoint wanted, QSize size, const QRect& screen) {
+    const int left = std::min(wanted.x(), screen.x() + screen.width() - size.width());
+    const int top = std::min(wanted.y(), screen.y() + screen.height() - size.height());
+    return {std::max(left, screen.x()), std::max(top, screen.y())};
+}
+
 void putOver(QWidget& top, const screen::Window& below) {
     QWidget* parent = topOf(below);
     if (!parent || !parent->windowHandle()) return;
     top.winId(); // makes the window handle
     top.windowHandle()->setTransientParent(parent->windowHandle());
-    const QRect frame = parent->geometry();
-    top.move(frame.center() - QPoint(top.width() / 2, top.height() / 2));
+    const QPoint wanted = parent->geometry().center() - QPoint(top.width() / 2, top.height() / 2);
+    top.move(insideScreen(wanted, top.size(), parent->screen()->availableGeometry()));
 }
 
 void bringUp(const WindowView& view) {
