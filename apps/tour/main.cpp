@@ -25,7 +25,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     tour::saveIn(argv[2]);
-    platform::setExecutableFolder(platform::joinPath(argv[1], "prgbin"));
+    // Absolute, as the file dialog of the tour stands in a folder of its own.
+    platform::setExecutableFolder(platform::joinPath(platform::absolutePath(argv[1]), "prgbin"));
     frontend::drawOffScreen();
     const frontend::Application toolkit(argv[0]);
     screen::setActSource(tour::playNext);

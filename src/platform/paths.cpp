@@ -30,6 +30,10 @@ std::string systemPath(std::string_view path) {
     return system;
 }
 
+std::string absolutePath(std::string_view path) {
+    return std::filesystem::absolute(systemPath(path)).string();
+}
+
 std::string executableFolder() {
     if (!pretendedFolder().empty()) return pretendedFolder();
     std::error_code error;

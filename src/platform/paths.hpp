@@ -12,7 +12,8 @@ std::size_t lastSeparator(std::string_view path);
 std::string joinPath(std::string_view folder, std::string_view name); // folder + "/" + name, as they stand
 std::string systemPath(std::string_view path);                        // every "\" as "/"
 
-std::string executableFolder(); // folder of the running executable, no closing separator
+std::string absolutePath(std::string_view path); // seen from the folder the process stands in
+std::string executableFolder();                  // folder of the running executable, no closing separator
 // For tests: where the executable is said to lie; empty brings back the real place.
 void setExecutableFolder(std::string folder);
 
