@@ -23,6 +23,10 @@ Failure refuse(int number, std::string why) {
     return Failure{number, std::move(why)};
 }
 
+Failure notOpen() {
+    return refuse(generalError, "the connection is not open");
+}
+
 bool fileProvider(std::string_view provider) {
     return sameName(provider, "Microsoft.ACE.OLEDB.12.0") || sameName(provider, "Microsoft.Jet.OLEDB.4.0");
 }
@@ -64,7 +68,7 @@ void recordSent(Role role, std::string_view sql) {
 // What speaks against sending the statement at all.
 std::optional<Failure> refuseStatement(bool open, Role role, std::string_view sql) {
     recordSent(role, sql);
-    if (!open) return refuse(generalError, "the connection is not open");
+    if (!open) return notOpen();
     if (isBroken(role, sql)) return brokenOnPurpose();
     return std::nullopt;
 }
@@ -77,29 +81,43 @@ void Connection::close() {
 
 Status Connection::execute(std::string_view sql) {
     if (auto refused = refuseStatement(isOpen(), role, sql)) return *refused;
-    auto& sqlite = std::get<SqliteConnection>(engine);
-    sqlite.limit(waitingOf(settings), settings.commandTimeout);
-    return sqlite.execute(textForEngine(role, sql));
+    return executeNative(textForEngine(role, sql));
 }
 
 Result<RecordSet> Connection::open(std::string_view sql) {
     if (auto refused = refuseStatement(isOpen(), role, sql)) return *refused;
+    return openNative(textForEngine(role, sql));
+}
+
+Status Connection::executeNative(const std::string& sql) {
+    if (!isOpen()) return notOpen();
     auto& sqlite = std::get<SqliteConnection>(engine);
     sqlite.limit(waitingOf(settings), settings.commandTimeout);
-    auto rows = sqlite.open(textForEngine(role, sql));
+    return sqlite.execute(sql);
+}
+
+Result<RecordSet> Connection::openNative(const std::string& sql) {
+    if (!isOpen()) return notOpen();
+    auto& sqlite = std::get<SqliteConnection>(engine);
+    sqlite.limit(waitingOf(settings), settings.commandTimeout);
+    auto rows = sqlite.open(sql);
     if (!rows) return rows.failure();
     return RecordSet(std::move(rows.value()));
 }
 
+Dialect Connection::dialect() const {
+    return Dialect::sqlite;
+}
+
 Status Connection::beginDraw() {
-    if (!isOpen()) return refuse(generalError, "the connection is not open");
+    if (!isOpen()) return notOpen();
     auto& sqlite = std::get<SqliteConnection>(engine);
     sqlite.limit(waitingOf(settings), settings.commandTimeout);
     return sqlite.begin();
 }
 
 Status Connection::endDraw(bool keep) {
-    if (!isOpen()) return refuse(generalError, "the connection is not open");
+    if (!isOpen()) return notOpen();
     return std::get<SqliteConnection>(engine).end(keep);
 }
 

@@ -3,6 +3,7 @@
 // once, a busy database is waited for up to the connection timeout.
 #pragma once
 
+#include "platform/database/dialect.hpp"
 #include "platform/database/record_set.hpp"
 #include "platform/database/sqlite_engine.hpp"
 #include "platform/result.hpp"
@@ -37,6 +38,11 @@ public:
     Status execute(std::string_view sql);
     // Runs one SELECT and stands on its first row; later rows are fetched as they are asked for.
     Result<RecordSet> open(std::string_view sql);
+
+    // The same with a text in the engine's own words, which nobody rewrites: for the house's tools, which make tables.
+    Status executeNative(const std::string& sql);
+    Result<RecordSet> openNative(const std::string& sql);
+    Dialect dialect() const; // of what is open; sqlite when nothing is
 
     // From here to the end of the draw no other process writes, so that what is read may be counted on in what is
     // written. Draws don't nest. A statement that fails inside one spoils nothing of it. beginDraw fails when the

@@ -3,12 +3,12 @@
 // understand it passes on byte for byte, so that a statement that is wrong fails in the engine and is never repaired.
 #pragma once
 
+#include "platform/database/dialect.hpp"
+
 #include <string>
 #include <string_view>
 
 namespace kestrel::database {
-
-enum class Dialect { sqlite };
 
 std::string rewrite(std::string_view sql, Dialect dialect);
 
