@@ -53,13 +53,6 @@ int waitingOf(const Settings& settings) {
     return faultyWaiting().value_or(settings.connectionTimeout);
 }
 
-// The statement goes into the journal as the program sent it and, where the engine gets another text, as that one too.
-std::string textForEngine(Role role, std::string_view sql) {
-    std::string text = rewrite(sql, Dialect::sqlite);
-    if (role != Role::beside && text != sql) journal::record(journal::Channel::engine, text);
-    return text;
-}
-
 void recordSent(Role role, std::string_view sql) {
     if (role == Role::beside) return;
     journal::record(role == Role::main ? journal::Channel::sentMain : journal::Channel::sentLocal, sql);
@@ -73,68 +66,91 @@ std::optional<Failure> refuseStatement(bool open, Role role, std::string_view sq
     return std::nullopt;
 }
 
+Result<SqliteConnection> openFile(std::string_view text, const Settings& settings) {
+    const std::string path = systemPath(connectionValue(text, "Data Source"));
+    if (path.empty()) return refuse(cannotOpen, "the connection names no Data Source");
+    if (auto refused = refuseFile(path)) return *refused;
+    auto opened = openSqlite(path, waitingOf(settings), settings.commandTimeout);
+    if (!opened) return Failure{opened.failure().number, opened.failure().description + ": " + path};
+    return opened;
+}
+
+// Runs the step on the engine that is open, told first what the settings say.
+template <class Engine, class Step> auto onEngine(Engine& engine, const Settings& settings, Step step) {
+    using Answer = decltype(step(std::get<SqliteConnection>(engine)));
+    return std::visit(
+        [&](auto& open) -> Answer {
+            if constexpr (requires { open.begin(); }) {
+                open.limit(waitingOf(settings), settings.commandTimeout);
+                return step(open);
+            } else {
+                return notOpen();
+            }
+        },
+        engine);
+}
+
 } // namespace
 
 void Connection::close() {
     engine = std::monostate{};
 }
 
+// The statement goes into the journal as the program sent it and, where the engine gets another text, as that one too.
+std::string Connection::textForEngine(std::string_view sql) const {
+    std::string text = rewrite(sql, dialect());
+    if (role != Role::beside && text != sql) journal::record(journal::Channel::engine, text);
+    return text;
+}
+
 Status Connection::execute(std::string_view sql) {
     if (auto refused = refuseStatement(isOpen(), role, sql)) return *refused;
-    return executeNative(textForEngine(role, sql));
+    return executeNative(textForEngine(sql));
 }
 
 Result<RecordSet> Connection::open(std::string_view sql) {
     if (auto refused = refuseStatement(isOpen(), role, sql)) return *refused;
-    return openNative(textForEngine(role, sql));
+    return openNative(textForEngine(sql));
 }
 
 Status Connection::executeNative(const std::string& sql) {
-    if (!isOpen()) return notOpen();
-    auto& sqlite = std::get<SqliteConnection>(engine);
-    sqlite.limit(waitingOf(settings), settings.commandTimeout);
-    return sqlite.execute(sql);
+    return onEngine(engine, settings, [&](auto& open) { return open.execute(sql); });
 }
 
 Result<RecordSet> Connection::openNative(const std::string& sql) {
-    if (!isOpen()) return notOpen();
-    auto& sqlite = std::get<SqliteConnection>(engine);
-    sqlite.limit(waitingOf(settings), settings.commandTimeout);
-    auto rows = sqlite.open(sql);
-    if (!rows) return rows.failure();
-    return RecordSet(std::move(rows.value()));
+    return onEngine(engine, settings, [&](auto& open) -> Result<RecordSet> {
+        auto rows = open.open(sql);
+        if (!rows) return rows.failure();
+        return RecordSet(std::move(rows.value()));
+    });
 }
 
 Dialect Connection::dialect() const {
-    return Dialect::sqlite;
+    const auto server = std::get_if<OdbcConnection>(&engine);
+    return server ? server->dialect() : Dialect::sqlite;
 }
 
 Status Connection::beginDraw() {
-    if (!isOpen()) return notOpen();
-    auto& sqlite = std::get<SqliteConnection>(engine);
-    sqlite.limit(waitingOf(settings), settings.commandTimeout);
-    return sqlite.begin();
+    return onEngine(engine, settings, [](auto& open) { return open.begin(); });
 }
 
 Status Connection::endDraw(bool keep) {
-    if (!isOpen()) return notOpen();
-    return std::get<SqliteConnection>(engine).end(keep);
+    return onEngine(engine, settings, [&](auto& open) { return open.end(keep); });
 }
 
 Result<Connection> openConnection(std::string_view text, Role role, const Settings& settings) {
     if (isOpeningBroken(role)) return brokenOnPurpose();
-    std::string provider = connectionValue(text, "Provider");
-    if (!fileProvider(provider))
-        return refuse(generalError, "there is no engine for the provider \"" + provider + "\"");
-    std::string path = systemPath(connectionValue(text, "Data Source"));
-    if (path.empty()) return refuse(cannotOpen, "the connection names no Data Source");
-    if (auto refused = refuseFile(path)) return *refused;
-    auto opened = openSqlite(path, waitingOf(settings), settings.commandTimeout);
-    if (!opened) return Failure{opened.failure().number, opened.failure().description + ": " + path};
-    Connection connection;
-    connection.engine = std::move(opened.value());
-    connection.role = role;
+    Connection connection(role);
     connection.settings = settings;
+    if (fileProvider(connectionValue(text, "Provider"))) {
+        auto opened = openFile(text, settings);
+        if (!opened) return opened.failure();
+        connection.engine = std::move(opened.value());
+    } else {
+        auto opened = openOdbc(text, waitingOf(settings), settings.commandTimeout);
+        if (!opened) return opened.failure();
+        connection.engine = std::move(opened.value());
+    }
     return connection;
 }
 

@@ -53,14 +53,16 @@ public:
 
 private:
     friend Result<Connection> openConnection(std::string_view, Role, const Settings&);
-    std::variant<std::monostate, SqliteConnection> engine;
+    std::string textForEngine(std::string_view sql) const;
+    std::variant<std::monostate, SqliteConnection, OdbcConnection> engine;
     Role role = Role::main;
     Settings settings;
 };
 
 // text: "Key=value;" pairs (letter case of keys and blanks around both ignored, a later pair wins, a value may stand in
 // quotes). The providers "Microsoft.ACE.OLEDB.12.0" and
-// "Microsoft.Jet.OLEDB.4.0" open the file at "Data Source" by its content. A failure holds the engine's number.
+// "Microsoft.Jet.OLEDB.4.0" open the file at "Data Source" by its content; with any other one a server is reached
+// through its ODBC driver (see driver_text.hpp). A failure holds the engine's number, and never the password.
 Result<Connection> openConnection(std::string_view text, Role role, const Settings& settings = {});
 
 } // namespace kestrel::database

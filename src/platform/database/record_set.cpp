@@ -6,41 +6,60 @@ namespace kestrel::database {
 
 namespace {
 
-int indexOf(const SqliteRows& rows, std::string_view column) {
-    int count = rows.columnCount();
+// A record set that holds nothing is one without rows and columns.
+struct NoRows {
+    bool none() const { return true; }
+    bool atEnd() const { return true; }
+    platform::Status next() { return platform::done(); }
+    int columnCount() const { return 0; }
+    std::string_view columnName(int) const { return {}; }
+    std::optional<std::string_view> value(int) const { return std::nullopt; }
+};
+
+// Runs the step on the rows, whatever engine they come from.
+template <class Rows, class Step> auto onRows(Rows& rows, Step step) {
+    return std::visit(
+        [&](auto& content) {
+            NoRows nothing;
+            if constexpr (requires { content.atEnd(); })
+                return step(content);
+            else
+                return step(nothing);
+        },
+        rows);
+}
+
+template <class Rows> int indexOf(const Rows& rows, std::string_view column) {
+    const int count = rows.columnCount();
     for (int i = 0; i < count; ++i)
         if (sameName(rows.columnName(i), column)) return i;
     throw DatabaseError("there is no column " + std::string(column));
 }
 
-const SqliteRows& readable(const SqliteRows* rows, std::string_view column) {
-    if (!rows || rows->atEnd()) throw DatabaseError("there is no row to read " + std::string(column) + " from");
-    return *rows;
+template <class Rows> void needRow(const Rows& rows, std::string_view column) {
+    if (rows.atEnd()) throw DatabaseError("there is no row to read " + std::string(column) + " from");
 }
 
-std::optional<std::string_view> valueOf(const SqliteRows* rows, std::string_view column) {
-    const SqliteRows& present = readable(rows, column);
-    return present.value(indexOf(present, column));
+template <class Variant> std::optional<std::string_view> valueOf(const Variant& rows, std::string_view column) {
+    return onRows(rows, [&](const auto& content) {
+        needRow(content, column);
+        return content.value(indexOf(content, column));
+    });
 }
 
 } // namespace
 
-RecordSet::RecordSet(SqliteRows content) : rows(std::move(content)) {}
-
 bool RecordSet::bof() const {
-    auto sqlite = std::get_if<SqliteRows>(&rows);
-    return !sqlite || sqlite->none();
+    return onRows(rows, [](const auto& content) { return content.none(); });
 }
 
 bool RecordSet::eof() const {
-    auto sqlite = std::get_if<SqliteRows>(&rows);
-    return !sqlite || sqlite->atEnd();
+    return onRows(rows, [](const auto& content) { return content.atEnd(); });
 }
 
 void RecordSet::moveNext() {
-    auto sqlite = std::get_if<SqliteRows>(&rows);
-    if (!sqlite) return;
-    if (auto moved = sqlite->next(); !moved) throw DatabaseError(moved.failure().description);
+    const platform::Status moved = onRows(rows, [](auto& content) { return content.next(); });
+    if (!moved) throw DatabaseError(moved.failure().description);
 }
 
 void RecordSet::close() {
@@ -48,38 +67,40 @@ void RecordSet::close() {
 }
 
 std::string RecordSet::text(std::string_view column) const {
-    auto value = valueOf(std::get_if<SqliteRows>(&rows), column);
+    const auto value = valueOf(rows, column);
     if (!value) throw DatabaseError("the column " + std::string(column) + " is null");
     return std::string(*value);
 }
 
 std::string RecordSet::text(std::string_view column, std::string_view whenNull) const {
-    return std::string(valueOf(std::get_if<SqliteRows>(&rows), column).value_or(whenNull));
+    return std::string(valueOf(rows, column).value_or(whenNull));
 }
 
 std::optional<std::string> RecordSet::textOrNull(std::string_view column) const {
-    auto value = valueOf(std::get_if<SqliteRows>(&rows), column);
+    const auto value = valueOf(rows, column);
     return value ? std::optional<std::string>(*value) : std::nullopt;
 }
 
 int RecordSet::columnIndex(std::string_view column) const {
-    return indexOf(readable(std::get_if<SqliteRows>(&rows), column), column);
+    return onRows(rows, [&](const auto& content) {
+        needRow(content, column);
+        return indexOf(content, column);
+    });
 }
 
 std::optional<std::string_view> RecordSet::view(int index) const {
-    auto sqlite = std::get_if<SqliteRows>(&rows);
-    if (!sqlite || sqlite->atEnd()) throw DatabaseError("there is no row to read from");
-    return sqlite->value(index);
+    return onRows(rows, [&](const auto& content) {
+        if (content.atEnd()) throw DatabaseError("there is no row to read from");
+        return content.value(index);
+    });
 }
 
 int RecordSet::columnCount() const {
-    auto sqlite = std::get_if<SqliteRows>(&rows);
-    return sqlite ? sqlite->columnCount() : 0;
+    return onRows(rows, [](const auto& content) { return content.columnCount(); });
 }
 
 std::string RecordSet::columnName(int index) const {
-    auto sqlite = std::get_if<SqliteRows>(&rows);
-    return sqlite ? std::string(sqlite->columnName(index)) : std::string();
+    return onRows(rows, [&](const auto& content) { return std::string(content.columnName(index)); });
 }
 
 } // namespace kestrel::database

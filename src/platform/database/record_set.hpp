@@ -1,6 +1,7 @@
 // A result that is read forward, row by row, its columns by name.
 #pragma once
 
+#include "platform/database/odbc_engine.hpp"
 #include "platform/database/sqlite_engine.hpp"
 
 #include <optional>
@@ -19,7 +20,8 @@ struct DatabaseError : std::runtime_error {
 class RecordSet {
 public:
     RecordSet() = default; // never opened: at its end, and close() is harmless
-    explicit RecordSet(SqliteRows rows);
+    explicit RecordSet(SqliteRows content) : rows(std::move(content)) {}
+    explicit RecordSet(OdbcRows content) : rows(std::move(content)) {}
 
     bool bof() const; // true when there is no row at all
     bool eof() const;
@@ -38,7 +40,7 @@ public:
     std::string columnName(int index) const;
 
 private:
-    std::variant<std::monostate, SqliteRows> rows;
+    std::variant<std::monostate, SqliteRows, OdbcRows> rows;
 };
 
 } // namespace kestrel::database

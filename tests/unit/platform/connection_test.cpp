@@ -73,9 +73,9 @@ TEST_F(OpenConnection, refusesWhatItCannotOpen) {
 }
 
 TEST_F(OpenConnection, refusesATextThatNamesNoDatabase) {
-    EXPECT_EQ(refusal(""), "1 there is no engine for the provider \"\"");
-    EXPECT_EQ(refusal("Provider=OraOLEDB.Oracle;Password=geheim;Data Source=x"),
-              "1 there is no engine for the provider \"OraOLEDB.Oracle\"");
+    EXPECT_EQ(refusal(""), "1 there is no ODBC driver \"\" and no ODBC data source \"\"");
+    EXPECT_EQ(refusal("Provider=Nobody;Password=geheim;Data Source=x"),
+              "1 there is no ODBC driver \"Nobody\" and no ODBC data source \"x\"");
     EXPECT_EQ(refusal("Provider=Microsoft.Jet.OLEDB.4.0;"), "14 the connection names no Data Source");
 }
 

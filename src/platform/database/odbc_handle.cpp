@@ -1,0 +1,104 @@
+#include "platform/database/odbc_handle.hpp"
+
+#include "platform/database/utf16.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace kestrel::database {
+
+namespace {
+
+constexpr std::size_t longestText = 4096; // UTF-16 units of a description; a longer one is cut
+
+// A text that the driver manager wrote, of as many units as it says, yet of no more than there was room for.
+template <std::size_t size> std::string written(const std::array<SQLWCHAR, size>& room, long units) {
+    const auto length = static_cast<std::size_t>(std::clamp<long>(units, 0, static_cast<long>(size) - 1));
+    return utf8({reinterpret_cast<const char16_t*>(room.data()), length});
+}
+
+// Drivers end their descriptions with line feeds, and break them in the midst.
+std::string asOneLine(std::string text) {
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r' || text.back() == ' ')) text.pop_back();
+    std::ranges::replace_if(
+        text, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    return text;
+}
+
+void readSources(InstalledDrivers& installed) {
+    std::array<SQLWCHAR, 256> name{}, driver{};
+    SQLSMALLINT nameLength = 0, driverLength = 0;
+    SQLUSMALLINT which = SQL_FETCH_FIRST;
+    while (SQL_SUCCEEDED(SQLDataSourcesW(odbcEnvironment(), which, name.data(), name.size(), &nameLength, driver.data(),
+                                         driver.size(), &driverLength))) {
+        installed.sources.push_back({written(name, nameLength), written(driver, driverLength)});
+        which = SQL_FETCH_NEXT;
+    }
+}
+
+void readDrivers(InstalledDrivers& installed) {
+    std::array<SQLWCHAR, 256> name{};
+    std::array<SQLWCHAR, 1024> attributes{};
+    SQLSMALLINT nameLength = 0, attributesLength = 0;
+    SQLUSMALLINT which = SQL_FETCH_FIRST;
+    while (SQL_SUCCEEDED(SQLDriversW(odbcEnvironment(), which, name.data(), name.size(), &nameLength, attributes.data(),
+                                     attributes.size(), &attributesLength))) {
+        installed.drivers.push_back(written(name, nameLength));
+        which = SQL_FETCH_NEXT;
+    }
+}
+
+} // namespace
+
+void OdbcHandle::free() {
+    if (!raw) return;
+    if (kind == SQL_HANDLE_DBC) SQLDisconnect(raw);
+    SQLFreeHandle(kind, raw);
+    raw = nullptr;
+}
+
+OdbcFailure odbcFailure(SQLSMALLINT kind, SQLHANDLE handle) {
+    std::array<SQLWCHAR, 6> state{};
+    std::array<SQLWCHAR, longestText> text{};
+    SQLINTEGER number = 0;
+    SQLSMALLINT length = 0;
+    if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, 1, state.data(), &number, text.data(), text.size(), &length)))
+        return {{0, "the driver doesn't say what is wrong"}, "HY000"};
+    return {{static_cast<int>(number), asOneLine(written(text, length))}, written(state, 5)};
+}
+
+bool tellsLoss(const OdbcFailure& failure) {
+    // 57P: PostgreSQL's own states of a server that goes down.
+    return failure.state.starts_with("08") || failure.state.starts_with("57P");
+}
+
+SQLHANDLE odbcEnvironment() {
+    static const OdbcHandle environment = [] {
+        OdbcHandle made = newHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+        if (made) SQLSetEnvAttr(made.get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+        return made;
+    }();
+    return environment.get();
+}
+
+OdbcHandle newHandle(SQLSMALLINT kind, SQLHANDLE parent) {
+    SQLHANDLE raw = nullptr;
+    if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent, &raw))) return {};
+    return {kind, raw};
+}
+
+InstalledDrivers installedDrivers() {
+    InstalledDrivers installed;
+    readDrivers(installed);
+    readSources(installed);
+    return installed;
+}
+
+std::string dbmsName(SQLHANDLE connection) {
+    std::array<SQLWCHAR, 128> name{};
+    SQLSMALLINT bytes = 0;
+    SQLGetInfoW(connection, SQL_DBMS_NAME, name.data(), sizeof(name), &bytes);
+    return written(name, bytes / static_cast<long>(sizeof(SQLWCHAR)));
+}
+
+} // namespace kestrel::database

@@ -1,0 +1,70 @@
+#include "platform/database/server_words.hpp"
+
+#include "platform/database/names.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace kestrel::database {
+
+namespace {
+
+// psqlODBC's SQL_ATTR_PGOPT_USE_DECLAREFETCH: without it the driver holds a whole result before the first row is seen.
+constexpr int useDeclareFetch = 65539;
+
+// The draws of all programs of the suite on one server stand in one line; they are short.
+const std::array rows{
+    ServerWords{Dialect::postgresql,
+                {"PostgreSQL"},
+                {"SET lock_timeout = {waiting}", "SET statement_timeout = {running}"},
+                {"SELECT pg_advisory_xact_lock(hashtext('number registers'))"},
+                "",
+                useDeclareFetch},
+    ServerWords{
+        Dialect::sqlServer,
+        {"Microsoft SQL Server"},
+        {"SET LOCK_TIMEOUT {waiting}"},
+        {"DECLARE @taken int; EXEC @taken = sp_getapplock @Resource = 'number registers', @LockMode = "
+         "'Exclusive', @LockOwner = 'Session', @LockTimeout = {waiting}; IF @taken < 0 RAISERROR('busy', 16, 1)"},
+        "EXEC sp_releaseapplock @Resource = 'number registers', @LockOwner = 'Session'"},
+    ServerWords{Dialect::oracle, {"Oracle"}, {}, {"LOCK TABLE \"A番号情報\" IN EXCLUSIVE MODE"}, ""},
+    ServerWords{Dialect::mariadb,
+                {"MariaDB", "MySQL"},
+                {"SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,STRICT_ALL_TABLES'",
+                 "SET SESSION innodb_lock_wait_timeout = {seconds}", "SET NAMES utf8mb4 COLLATE utf8mb4_bin"},
+                {"SELECT GET_LOCK('number registers', {seconds})"},
+                "SELECT RELEASE_LOCK('number registers')"},
+};
+
+bool beginsWith(std::string_view text, std::string_view beginning) {
+    return text.size() >= beginning.size() && sameName(text.substr(0, beginning.size()), beginning);
+}
+
+void replaceAll(std::string& text, std::string_view mark, const std::string& value) {
+    for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at + value.size()))
+        text.replace(at, mark.size(), value);
+}
+
+// At least one: to the servers 0 means for ever, or not at all.
+std::string atLeastOne(int value) {
+    return std::to_string(std::max(value, 1));
+}
+
+} // namespace
+
+const ServerWords& serverWords(std::string_view dbmsName) {
+    const auto found = std::ranges::find_if(rows, [&](const ServerWords& row) {
+        return std::ranges::any_of(row.names, [&](std::string_view name) { return beginsWith(dbmsName, name); });
+    });
+    return found != rows.end() ? *found : rows.front();
+}
+
+std::string filledWords(std::string_view words, int waitingSeconds, int runningSeconds) {
+    std::string text(words);
+    replaceAll(text, "{waiting}", atLeastOne(waitingSeconds * 1000));
+    replaceAll(text, "{running}", std::to_string(runningSeconds * 1000));
+    replaceAll(text, "{seconds}", atLeastOne(waitingSeconds));
+    return text;
+}
+
+} // namespace kestrel::database

@@ -1,0 +1,32 @@
+// What differs from server to server, one row for each family: how it calls itself, what a session begins with, how a
+// draw keeps others away.
+#pragma once
+
+#include "platform/database/dialect.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrel::database {
+
+struct ServerWords {
+    Dialect dialect;
+    std::vector<std::string_view> names; // as its driver names it; the beginning decides, letter case ignored
+    // Sent when a session begins. {waiting} is the time to wait for a row that another holds, {running} the time that a
+    // statement may take, both in milliseconds; {seconds} the former in seconds.
+    std::vector<std::string_view> session;
+    // Sent at the beginning of a draw: from here to its end no other draw runs. An answer of 0 is a refusal.
+    std::vector<std::string_view> draw;
+    std::string_view afterDraw; // and behind it, where the end of the transaction doesn't let go by itself
+    // The driver's own attribute that makes it read by a cursor on the server instead of taking a whole result; 0: it
+    // reads row by row anyway.
+    int cursorAttribute = 0;
+};
+
+// The row of the server that calls itself so; of the one that keeps closest to the standard for an unknown name.
+const ServerWords& serverWords(std::string_view dbmsName);
+
+std::string filledWords(std::string_view words, int waitingSeconds, int runningSeconds);
+
+} // namespace kestrel::database
