@@ -244,5 +244,49 @@ TEST_F(Server, theFirstRowsOfManyDoNotWaitForTheRest) {
     EXPECT_EQ(value("SELECT 1"), "1");
 }
 
+TEST_F(Server, twoHundredThousandRowsComeWhole) {
+    RecordSet set = open("SELECT lpad(i::text, 6, '0') AS \"コード\", 'n' || i AS \"NameA\" FROM generate_series(1, "
+                         "200000) i");
+    int count = 0;
+    for (; !set.eof(); set.moveNext()) {
+        ++count;
+        if (set.text("NameA") != "n" + std::to_string(count)) break;
+    }
+    EXPECT_EQ(count, 200000);
+}
+
+std::string refusal(const std::string& text) {
+    auto made = openConnection(text, Role::main, {.connectionTimeout = 2});
+    return made ? "open" : made.failure().description;
+}
+
+bool holds(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+// The text's own database stands behind its last "/".
+std::string withDatabase(const std::string& text, const std::string& database) {
+    return text.substr(0, text.rfind('/') + 1) + database + ";";
+}
+
+TEST_F(Server, saysWhyItCanNotBeOpened) {
+    const std::string server = std::getenv("KESTREL_TEST_SERVER");
+    EXPECT_PRED2(holds, refusal(withDatabase(server, "無い")), "\"無い\" does not exist");
+    EXPECT_PRED2(holds, refusal(server + "User ID=nobody at all;"), "nobody at all");
+    EXPECT_PRED2(holds, refusal("Provider=PostgreSQL;User ID=x;Data Source=/run/nowhere/x;"), "/run/nowhere");
+    EXPECT_PRED2(holds, refusal("Provider=PostgreSQL;User ID=x;Data Source=127.0.0.1:1/x;"), "127.0.0.1");
+}
+
+TEST_F(Server, asksForThePasswordAndNeverTellsIt) {
+    const char* guarded = std::getenv("KESTREL_TEST_SERVER_GUARDED");
+    ASSERT_TRUE(guarded);
+    EXPECT_EQ(refusal(guarded), "open");
+    const std::string wrong = refusal(std::string(guarded) + "Password=geheim;");
+    EXPECT_PRED2(holds, wrong, "password authentication failed");
+    EXPECT_FALSE(holds(wrong, "geheim"));
+    // Even where the server repeats what it was told.
+    EXPECT_FALSE(holds(refusal(withDatabase(guarded, "geheimrat") + "Password=geheim;"), "geheim"));
+}
+
 } // namespace
 } // namespace kestrel::test
