@@ -133,8 +133,8 @@ void learnDriver(OdbcSession& session) {
     constexpr SQLUINTEGER needed = SQL_GD_BLOCK | SQL_GD_BOUND | SQL_GD_ANY_COLUMN;
     SQLUINTEGER able = 0;
     SQLGetInfoW(session.handle.get(), SQL_GETDATA_EXTENSIONS, &able, sizeof(able), nullptr);
-    session.givesRests = (able & needed) == needed;
     session.words = &serverWords(dbmsName(session.handle.get()));
+    session.givesRests = session.words->readsInBlocks && (able & needed) == needed;
     session.byCursor = false;
 }
 

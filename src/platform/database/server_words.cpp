@@ -31,9 +31,12 @@ const std::array rows{
     ServerWords{Dialect::mariadb,
                 {"MariaDB", "MySQL"},
                 {"SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,STRICT_ALL_TABLES'",
-                 "SET SESSION innodb_lock_wait_timeout = {seconds}", "SET NAMES utf8mb4 COLLATE utf8mb4_bin"},
+                 "SET SESSION innodb_lock_wait_timeout = {seconds}",
+                 "SET SESSION collation_connection = 'utf8mb4_nopad_bin'"},
                 {"SELECT GET_LOCK('number registers', {seconds})"},
-                "SELECT RELEASE_LOCK('number registers')"},
+                "SELECT RELEASE_LOCK('number registers')",
+                0,
+                false},
 };
 
 bool beginsWith(std::string_view text, std::string_view beginning) {
