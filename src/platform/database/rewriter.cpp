@@ -1,97 +1,15 @@
 #include "platform/database/rewriter.hpp"
 
 #include "platform/database/joins.hpp"
+#include "platform/database/selects.hpp"
+#include "platform/database/writer.hpp"
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
 namespace kestrel::database {
 
 namespace {
-
-struct Writer {
-    std::string_view sql;
-    std::vector<Token> tokens;
-    std::string out;
-};
-
-// One SELECT up to its end, cut into its clauses. All are positions of tokens; a clause that isn't there is empty.
-struct Select {
-    std::size_t begin = 0, end = 0;
-    std::size_t columns = 0;  // behind TOP n
-    std::string_view limit;   // the n of TOP n, or empty
-    std::size_t top = 0;      // where TOP stands, when there is a limit
-    std::size_t from = 0;     // the word FROM, or end
-    std::size_t fromEnd = 0;  //
-    std::size_t where = 0;    // the word WHERE, or fromEnd
-    std::size_t whereEnd = 0; //
-};
-
-bool isOneOf(const Token& token, std::initializer_list<std::string_view> words) {
-    return token.kind == TokenKind::word &&
-           std::ranges::any_of(words, [&](std::string_view word) { return isWord(token, word); });
-}
-
-bool joinsSelects(const Token& token) {
-    return isOneOf(token, {"UNION", "EXCEPT", "INTERSECT"});
-}
-
-std::size_t behind(const Writer& writer, std::size_t at) {
-    return isSign(writer.tokens[at], '(') ? writer.tokens[at].partner + 1 : at + 1;
-}
-
-std::size_t endOfSelect(const Writer& writer, std::size_t at, std::size_t end) {
-    for (; at < end; at = behind(writer, at)) {
-        const Token& token = writer.tokens[at];
-        if (isSign(token, ')') || isSign(token, ';') || joinsSelects(token)) break;
-    }
-    return at;
-}
-
-// The limit of a compound SELECT would bound all its members: there TOP isn't understood.
-bool isCompound(const Writer& writer, const Select& select) {
-    bool goesOn = select.end < writer.tokens.size() && joinsSelects(writer.tokens[select.end]);
-    return goesOn || (select.begin > 0 && (joinsSelects(writer.tokens[select.begin - 1]) ||
-                                           isWord(writer.tokens[select.begin - 1], "ALL")));
-}
-
-bool isCount(const Token& token) {
-    return token.kind == TokenKind::number && token.text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
-void findTop(const Writer& writer, Select& select) {
-    auto& tokens = writer.tokens;
-    std::size_t at = select.begin + 1;
-    if (at < select.end && isOneOf(tokens[at], {"DISTINCT", "ALL"})) ++at;
-    select.columns = at;
-    if (at + 2 >= select.end || !isWord(tokens[at], "TOP") || !isCount(tokens[at + 1])) return;
-    if (isOneOf(tokens[at + 2], {"PERCENT", "WITH"}) || isCompound(writer, select)) return;
-    select.top = at;
-    select.columns = at + 2;
-    select.limit = tokens[at + 1].text;
-}
-
-void findClauses(const Writer& writer, Select& select) {
-    auto& tokens = writer.tokens;
-    auto find = [&](std::size_t at, std::initializer_list<std::string_view> words) {
-        while (at < select.end && !isOneOf(tokens[at], words)) at = behind(writer, at);
-        return at;
-    };
-    select.from = find(select.columns, {"FROM"});
-    select.where = select.fromEnd = find(select.from, {"WHERE", "GROUP", "HAVING", "ORDER", "LIMIT", "WINDOW"});
-    select.whereEnd = select.fromEnd;
-    if (select.where < select.end && isWord(tokens[select.where], "WHERE"))
-        select.whereEnd = find(select.where, {"GROUP", "HAVING", "ORDER", "LIMIT", "WINDOW"});
-}
-
-Select readSelect(const Writer& writer, std::size_t begin, std::size_t end) {
-    Select select;
-    select.begin = begin;
-    select.end = endOfSelect(writer, begin, end);
-    findTop(writer, select);
-    findClauses(writer, select);
-    return select;
-}
 
 bool holdsRightJoin(const Writer& writer, Piece from) {
     for (std::size_t at = from.begin; at < from.end; ++at)
@@ -103,30 +21,10 @@ std::optional<Chain> chainOf(const Writer& writer, const Select& select) {
     if (select.from == select.end) return std::nullopt;
     Piece from{select.from + 1, select.fromEnd};
     Piece where{std::min(select.where + 1, select.whereEnd), select.whereEnd};
-    if (holdsMark(writer.tokens, where)) return chainOfMarkedJoins(writer.tokens, from, where);
-    return holdsRightJoin(writer, from) ? chainOfRightJoins(writer.tokens, from) : std::nullopt;
-}
-
-std::size_t offsetOf(const Writer& writer, std::string_view text) {
-    return static_cast<std::size_t>(text.data() - writer.sql.data());
-}
-
-// The blanks and comments in front of a token, as they stand.
-void writeGap(Writer& writer, std::size_t at) {
-    std::size_t begin = 0;
-    if (at > 0) begin = offsetOf(writer, writer.tokens[at - 1].text) + writer.tokens[at - 1].text.size();
-    std::size_t end = at < writer.tokens.size() ? offsetOf(writer, writer.tokens[at].text) : writer.sql.size();
-    writer.out += writer.sql.substr(begin, end - begin);
-}
-
-void writeToken(Writer& writer, const Token& token) {
-    if (token.kind != TokenKind::bracket) {
-        writer.out += token.text;
-        return;
-    }
-    writer.out += '"';
-    for (char c : nameOf(token)) writer.out.append(c == '"' ? 2 : 1, c);
-    writer.out += '"';
+    if (holdsMark(writer.tokens, where))
+        return writer.words.flattensMarks ? chainOfMarkedJoins(writer.tokens, from, where) : std::nullopt;
+    bool flattens = writer.words.flattensRightJoins && holdsRightJoin(writer, from);
+    return flattens ? chainOfRightJoins(writer.tokens, from) : std::nullopt;
 }
 
 std::size_t writeSelect(Writer& writer, const Select& select);
@@ -140,9 +38,9 @@ void writePiece(Writer& writer, Piece piece, bool dropMarks = false) {
         }
         if (at != piece.begin) writeGap(writer, at);
         if (isWord(writer.tokens[at], "SELECT"))
-            at = writeSelect(writer, readSelect(writer, at, piece.end));
+            at = writeSelect(writer, readSelect(writer.tokens, at, piece.end));
         else
-            writeToken(writer, writer.tokens[at++]);
+            at = writeToken(writer, at);
     }
 }
 
@@ -168,41 +66,58 @@ void writeJoins(Writer& writer, const Chain& chain) {
     }
 }
 
-// FROM and WHERE by the chain. The WHERE of right joins stays as it stands, the one with marks is what is left of it.
-void writeChain(Writer& writer, const Select& select, const Chain& chain) {
-    writeGapAndPiece(writer, {select.from, select.from + 1});
-    writer.out += ' ';
-    writeList(writer, chain.bases, ", ", false);
-    writeJoins(writer, chain);
-    if (!holdsMark(writer.tokens, {select.where, select.whereEnd})) {
+void writeFrom(Writer& writer, const Select& select, const std::optional<Chain>& chain) {
+    bool before = std::exchange(writer.inFrom, true);
+    if (chain) {
+        writeGapAndPiece(writer, {select.from, select.from + 1});
+        writer.out += ' ';
+        writeList(writer, chain->bases, writer.words.betweenBases, false);
+        writeJoins(writer, *chain);
+    } else {
+        writeGapAndPiece(writer, {select.from, select.fromEnd});
+    }
+    writer.inFrom = before;
+}
+
+// The WHERE of right joins stays as it stands, the one with marks is what is left of it.
+void writeWhere(Writer& writer, const Select& select, const std::optional<Chain>& chain) {
+    if (!chain || !holdsMark(writer.tokens, {select.where, select.whereEnd})) {
         writeGapAndPiece(writer, {select.where, select.whereEnd});
-    } else if (!chain.where.empty()) {
+    } else if (!chain->where.empty()) {
         writeGapAndPiece(writer, {select.where, select.where + 1});
         writer.out += ' ';
-        writeList(writer, chain.where, " AND ", false);
+        writeList(writer, chain->where, " AND ", false);
     }
 }
 
+// The words in front of the columns hold no name, so each stays one token.
 void writeHead(Writer& writer, const Select& select) {
-    std::size_t plain = select.limit.empty() ? select.columns : select.top;
+    bool moves = !select.limit.empty() && writer.words.limit != LimitForm::top;
+    std::size_t plain = moves ? select.top : select.columns;
     for (std::size_t at = select.begin; at < plain; ++at) {
         if (at != select.begin) writeGap(writer, at);
-        writeToken(writer, writer.tokens[at]);
+        writeToken(writer, at);
     }
+    bool before = std::exchange(writer.inFrom, false);
     writeGapAndPiece(writer, {select.columns, select.from});
+    writer.inFrom = before;
+}
+
+void writeLimit(Writer& writer, std::string_view limit) {
+    if (limit.empty() || writer.words.limit == LimitForm::top) return;
+    bool fetch = writer.words.limit == LimitForm::fetchFirst;
+    writer.out += fetch ? " FETCH FIRST " : " LIMIT ";
+    writer.out += limit;
+    if (fetch) writer.out += " ROWS ONLY";
 }
 
 std::size_t writeSelect(Writer& writer, const Select& select) {
+    auto chain = chainOf(writer, select);
     writeHead(writer, select);
-    if (auto chain = chainOf(writer, select))
-        writeChain(writer, select, *chain);
-    else
-        writeGapAndPiece(writer, {select.from, select.whereEnd});
+    writeFrom(writer, select, chain);
+    writeWhere(writer, select, chain);
     writeGapAndPiece(writer, {select.whereEnd, select.end});
-    if (!select.limit.empty()) {
-        writer.out += " LIMIT ";
-        writer.out += select.limit;
-    }
+    writeLimit(writer, select.limit);
     return select.end;
 }
 
@@ -212,8 +127,10 @@ bool continues(std::string_view sql, std::size_t at, std::string_view upperCase)
     return true;
 }
 
-// Quick and never wrong to the other side: most texts have none of the features and pass on uncut.
-bool mayHoldFeature(std::string_view sql) {
+// Quick and never wrong to the other side: on an engine that takes names and literals as they stand, most texts have
+// none of the features and pass on uncut.
+bool mayHoldFeature(std::string_view sql, const DialectWords& words) {
+    if (words.quotesNames || words.marksLiteralsAsNational) return true;
     for (std::size_t at = 0; at < sql.size(); ++at) {
         switch (sql[at]) {
         case '[':
@@ -236,10 +153,10 @@ bool mayHoldFeature(std::string_view sql) {
 
 } // namespace
 
-std::string rewrite(std::string_view sql, Dialect) {
-    Writer writer{sql, {}, {}};
-    if (!mayHoldFeature(sql) || !cutTokens(sql, writer.tokens)) return std::string(sql);
-    writer.out.reserve(sql.size() + 16);
+std::string rewrite(std::string_view sql, Dialect dialect) {
+    Writer writer{sql, wordsOf(dialect)};
+    if (!mayHoldFeature(sql, writer.words) || !cutTokens(sql, writer.tokens)) return std::string(sql);
+    writer.out.reserve(sql.size() + sql.size() / 4 + 16);
     writeGap(writer, 0);
     writePiece(writer, {0, writer.tokens.size()});
     if (!writer.tokens.empty()) writeGap(writer, writer.tokens.size());
