@@ -56,15 +56,15 @@ constexpr DialectWords oracle{.quotesNames = true,
                               .takesAsBeforeTableAlias = false,
                               .marksLiteralsAsNational = false};
 
-// In its session mode LIKE has no escape character; its collation decides on letter case. Quoted, no name is a word of
-// its own.
+// In its session mode LIKE has no escape character; compared by code point it knows letter case. Quoted, no name is a
+// word of its own.
 constexpr DialectWords mariadb{.quotesNames = true,
                                .quotesBrackets = true,
                                .limit = LimitForm::limit,
                                .flattensRightJoins = true,
                                .flattensMarks = true,
                                .betweenBases = cross,
-                               .like = LikeForm::asItStands,
+                               .like = LikeForm::upper,
                                .takesAsBeforeTableAlias = true,
                                .marksLiteralsAsNational = false};
 

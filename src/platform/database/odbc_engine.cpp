@@ -2,7 +2,7 @@
 
 #include "platform/database/odbc_rows.hpp"
 #include "platform/database/server_words.hpp"
-#include "platform/database/statement_form.hpp"
+#include "platform/database/statement_shape.hpp"
 #include "platform/database/utf16.hpp"
 
 #include <algorithm>
