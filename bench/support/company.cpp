@@ -1,7 +1,7 @@
 #include "company.hpp"
 
+#include "setup/definition.hpp"
 #include "setup/demonstration.hpp"
-#include "setup/tables.hpp"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,11 +1,12 @@
 #include "setup/installation.hpp"
 
 #include "platform/database/files.hpp"
+#include "setup/definition.hpp"
 #include "setup/demonstration.hpp"
+#include "setup/main_database.hpp"
 #include "setup/manual.hpp"
 #include "setup/rows.hpp"
 #include "setup/store.hpp"
-#include "setup/tables.hpp"
 #include "text/dates.hpp"
 
 #include <filesystem>
@@ -62,9 +63,9 @@ Rows rowsFor(What what, const Place& place) {
     return rows;
 }
 
-std::vector<std::string> statementsFor(std::string_view database, const Rows& rows) {
-    std::vector<std::string> statements = createStatements(database);
-    for (std::string& sql : insertStatements(database, rows)) statements.push_back(std::move(sql));
+std::vector<std::string> localStatements(const Rows& rows) {
+    std::vector<std::string> statements = createStatements("local");
+    for (std::string& sql : insertStatements("local", rows)) statements.push_back(std::move(sql));
     return statements;
 }
 
@@ -75,8 +76,10 @@ Status createDatabases(const std::string& root, const Rows& rows) {
     for (const char* name : {emptyFiles[1], emptyFiles[2], mainFile, localFile}) {
         fs::copy_file(empty, root + "/" + name);
     }
-    if (Status status = changeStore(root + "/" + mainFile, statementsFor("main", rows)); !status) return status;
-    return changeStore(root + "/" + localFile, statementsFor("local", rows));
+    auto main = openStore(root + "/" + mainFile);
+    if (!main) return main.failure();
+    if (Status status = fillMainDatabase(main.value(), rows); !status) return status;
+    return changeStore(root + "/" + localFile, localStatements(rows));
 }
 
 Status refuseOpened(const fs::path& from) {

@@ -1,7 +1,7 @@
 #include "setup/rows.hpp"
 
+#include "setup/definition.hpp"
 #include "setup/pin.hpp"
-#include "setup/tables.hpp"
 #include "setup/tsv.hpp"
 #include "text/dates.hpp"
 #include "text/numbers.hpp"
@@ -12,8 +12,6 @@
 namespace kestrel::setup {
 
 namespace {
-
-constexpr std::size_t rowsOfOneStatement = 100;
 
 std::string markValue(std::string_view mark, const Place& place) {
     if (mark == "root") return place.root;
@@ -36,31 +34,10 @@ bool sameKey(const Row& one, const Row& other) {
            std::ranges::all_of(keys, [&](const std::string& key) { return one.get(key) == other.get(key); });
 }
 
-std::string literal(const Value& value) {
-    if (!value) return "NULL";
-    std::string text = "'";
-    for (const char c : *value) text.append(c == '\'' ? 2 : 1, c);
-    return text + "'";
-}
-
-std::vector<std::string> writtenColumns(const Table& table) {
-    std::vector<std::string> names;
-    for (const Column& column : table.columns) {
-        if (column.type != "generated") names.push_back(column.name);
-    }
-    return names;
-}
-
-std::string tuple(const Row& row, const std::vector<std::string>& columns) {
+std::string tuple(const Row& row, const std::vector<std::string>& columns, const Words& words) {
     std::string text;
-    for (const std::string& column : columns) text += (text.empty() ? "(" : ",") + literal(row.get(column));
+    for (const std::string& column : columns) text += (text.empty() ? "(" : ",") + literal(row.get(column), words);
     return text + ")";
-}
-
-std::string insertHead(const Table& table, const std::vector<std::string>& columns) {
-    std::string text = "INSERT INTO " + table.name + " (";
-    for (const std::string& column : columns) text += column + (column == columns.back() ? ") VALUES " : ",");
-    return text;
 }
 
 // A misspelt name would otherwise vanish without a word.
@@ -72,16 +49,17 @@ void refuseUnknownColumns(const Row& row, const std::vector<std::string>& column
     }
 }
 
-void insertInto(const Table& table, const std::vector<const Row*>& rows, std::vector<std::string>& statements) {
+void insertInto(const Table& table, const std::vector<const Row*>& rows, const Words& words,
+                std::vector<std::string>& statements) {
     const auto columns = writtenColumns(table);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         refuseUnknownColumns(*rows[i], columns);
-        if (i % rowsOfOneStatement == 0) {
-            statements.push_back(insertHead(table, columns));
+        if (i % words.rowsOfOneInsert == 0) {
+            statements.push_back(insertHead(table, words));
         } else {
             statements.back() += ",";
         }
-        statements.back() += tuple(*rows[i], columns);
+        statements.back() += tuple(*rows[i], columns, words);
     }
 }
 
@@ -123,7 +101,7 @@ void layOver(Rows& rows, const Row& row) {
     for (const auto& [column, value] : row.values) found->set(column, value);
 }
 
-std::vector<std::string> insertStatements(std::string_view database, const Rows& rows) {
+std::vector<std::string> insertStatements(std::string_view database, const Rows& rows, database::Dialect dialect) {
     std::vector<std::string> statements;
     for (const Table& table : tables()) {
         if (table.database != database) continue;
@@ -131,7 +109,7 @@ std::vector<std::string> insertStatements(std::string_view database, const Rows&
         for (const Row& row : rows) {
             if (row.table == table.name) own.push_back(&row);
         }
-        insertInto(table, own, statements);
+        insertInto(table, own, wordsOf(dialect), statements);
     }
     return statements;
 }

@@ -1,6 +1,8 @@
 // Rows on their way into a database: made in memory, then written as a few long INSERT statements.
 #pragma once
 
+#include "platform/database/dialect.hpp"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,8 +32,10 @@ struct Place {
 Rows rowsOf(std::string_view name, const Place& place);
 // Adds the row, or, where a row with its key is already there, lays its values over that row's.
 void layOver(Rows& rows, const Row& row);
-// INSERT statements for the rows that belong to that database ("main", "local"), in their order within each table.
-std::vector<std::string> insertStatements(std::string_view database, const Rows& rows);
+// INSERT statements, in the dialect's own words, for the rows that belong to that database ("main", "local"), in their
+// order within each table.
+std::vector<std::string> insertStatements(std::string_view database, const Rows& rows,
+                                          database::Dialect dialect = database::Dialect::sqlite);
 
 // The date so many days from the day, "yyyymmdd".
 std::string dayFrom(std::string_view day, long long days);

@@ -1,5 +1,7 @@
 #include "setup/store.hpp"
 
+#include "setup/words.hpp"
+
 namespace kestrel::setup {
 
 namespace {
@@ -14,9 +16,16 @@ Row presentRow(const database::RecordSet& records) {
     return row;
 }
 
+std::vector<std::string> openings(database::Dialect dialect) {
+    std::vector<std::string> statements;
+    if (dialect == database::Dialect::sqlite) statements.push_back("PRAGMA synchronous = OFF");
+    if (const char* begin = wordsOf(dialect).begin) statements.push_back(begin);
+    return statements;
+}
+
 Status runAll(Connection& store, const std::vector<std::string>& statements) {
     for (const std::string& sql : statements) {
-        if (Status status = store.execute(sql); !status) return status;
+        if (Status status = store.executeNative(sql); !status) return status;
     }
     return platform::done();
 }
@@ -29,12 +38,12 @@ Result<Connection> openStore(const std::string& path) {
 }
 
 Status runTogether(Connection& store, const std::vector<std::string>& statements) {
-    if (Status status = runAll(store, {"PRAGMA synchronous = OFF", "BEGIN"}); !status) return status;
+    if (Status status = runAll(store, openings(store.dialect())); !status) return status;
     if (Status status = runAll(store, statements); !status) {
-        (void)store.execute("ROLLBACK");
+        (void)store.executeNative("ROLLBACK");
         return status;
     }
-    return store.execute("COMMIT");
+    return store.executeNative("COMMIT");
 }
 
 Result<Rows> readRows(Connection& store, std::string_view sql) {

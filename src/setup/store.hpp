@@ -16,7 +16,8 @@ using platform::Status;
 
 // Opens the database file that is there.
 Result<Connection> openStore(const std::string& path);
-// Runs the statements in one transaction, without waiting for the disk: for what can be made again.
+// Runs the statements, in the engine's own words, in one transaction (where its family knows none over several
+// statements, one by one). The embedded engine doesn't wait for the disk: this is for what can be made again.
 Status runTogether(Connection& store, const std::vector<std::string>& statements);
 // All rows of one SELECT; column names are those of the result.
 Result<Rows> readRows(Connection& store, std::string_view sql);

@@ -1,4 +1,4 @@
-// The tables of an installation, read from their one definition, and the statements that create them.
+// The tables of an installation, read from their one definition.
 #pragma once
 
 #include <string>
@@ -25,14 +25,14 @@ struct Table {
     std::string name;
     std::vector<Column> columns;
     std::vector<Index> indexes;
+    std::vector<Index> searches; // columns that windows search for a part of their text
 };
 
 const std::vector<Table>& tables();
 // Throws std::logic_error when no table has that name.
 const Table& tableNamed(std::string_view name);
 std::vector<std::string> keyColumns(const Table& table);
-
-// CREATE TABLE and CREATE INDEX for every table of that database, one statement each.
-std::vector<std::string> createStatements(std::string_view database);
+// The columns that statements may give a value: all but the generated ones.
+std::vector<std::string> writtenColumns(const Table& table);
 
 } // namespace kestrel::setup
