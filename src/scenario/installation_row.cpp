@@ -1,12 +1,11 @@
 #include "scenario/installation_row.hpp"
 
 #include "platform/database/connection_text.hpp"
+#include "platform/database/server_databases.hpp"
 #include "scenario/databases.hpp"
 #include "scenario/run.hpp"
 #include "scenario/scenario_error.hpp"
 #include "values/modValues.hpp"
-
-#include <array>
 
 namespace kestrel::scenario {
 
@@ -17,31 +16,21 @@ void setColumn(const std::string& column, const std::string& value) {
                   "UPDATE データベース定義 SET " + column + " = '" + quoteSqlText(value) + "' WHERE 情報種類 = 'GNR'");
 }
 
-struct Part {
-    const char* key;
-    const char* column;
-};
-
-// The server's name stands where kind "S" looks for it and the file's where the others do.
-constexpr std::array parts{Part{"Provider", "プロバイダ名"},  Part{"User ID", "ユーザーID"},
-                           Part{"Password", "パスワード"},    Part{"Data Source", "データソース名"},
-                           Part{"Data Source", "サーバー名"}, Part{"Initial Catalog", "データベース名"}};
-
-// Kind, provider, user, password, file, server, catalog; nulls as empty texts.
+// Kind, provider, user, password, data source, server, catalog; nulls as empty texts.
 std::vector<std::string> readRow() {
-    std::string sql = "SELECT db";
-    for (const Part& part : parts) sql += std::string(",") + part.column;
-    const Rows rows = rowsBeside(Which::localMaster, sql + " FROM データベース定義 WHERE 情報種類 = 'GNR'");
-    std::vector<std::string> row = rows.empty() ? std::vector<std::string>(parts.size() + 1) : rows[0];
+    const Rows rows = rowsBeside(
+        Which::localMaster, "SELECT db,プロバイダ名,ユーザーID,パスワード,データソース名,サーバー名,データベース名 "
+                            "FROM データベース定義 WHERE 情報種類 = 'GNR'");
+    std::vector<std::string> row = rows.empty() ? std::vector<std::string>(7) : rows[0];
     for (std::string& value : row)
         if (value == "NULL") value.clear();
     return row;
 }
 
 std::string joinedText(const std::vector<std::string>& row) {
-    const std::string& source = row[0] == "S" ? row[5] : row[4];
-    std::string text = "Provider=" + row[1] + ";User ID=" + row[2] + ";Password=" + row[3] + ";Data Source=" + source;
-    return text + (row[6].empty() ? ";" : ";Initial Catalog=" + row[6] + ";");
+    const std::string user = "Provider=" + row[1] + ";User ID=" + row[2] + ";Password=" + row[3] + ";";
+    if (row[0] == "S") return user + "Data Source=" + row[5] + ";Initial Catalog=" + row[6] + ";";
+    return user + "Data Source=" + row[4] + ";";
 }
 
 } // namespace
@@ -49,7 +38,14 @@ std::string joinedText(const std::vector<std::string>& row) {
 void redirectMain(const std::string& kind, const std::string& connectionText) {
     if (!kind.empty()) setColumn("db", kind);
     if (connectionText.empty()) return;
-    for (const Part& part : parts) setColumn(part.column, database::connectionValue(connectionText, part.key));
+    setColumn("プロバイダ名", database::connectionValue(connectionText, "Provider"));
+    setColumn("ユーザーID", database::connectionValue(connectionText, "User ID"));
+    setColumn("パスワード", database::connectionValue(connectionText, "Password"));
+    // Kind "S" looks for server and catalogue, the others for one text that names both.
+    const auto [host, name] = database::serverPlace(connectionText);
+    setColumn("データソース名", host + "/" + name);
+    setColumn("サーバー名", host);
+    setColumn("データベース名", name);
 }
 
 void takeMain() {

@@ -5,6 +5,7 @@
 #include "scenario/report.hpp"
 #include "scenario/sandbox.hpp"
 #include "scenario/scenario_error.hpp"
+#include "scenario/server_main.hpp"
 #include "scenario/world.hpp"
 #include "screen/window.hpp"
 #include "session/sessionValues.hpp"
@@ -69,24 +70,32 @@ std::string readText(const std::string& file) {
     return text.str();
 }
 
-void play(const Options& options, Sandbox& sandbox, const std::string& text) {
-    run().places = sandbox.fresh(sampleOf(text), options.root);
+// What the scenarios of one command line stand on.
+struct Ground {
+    Sandbox sandbox;
+    ServerMain server;
+};
+
+void play(const Options& options, Ground& ground, const std::string& text) {
+    run().places = ground.sandbox.fresh(sampleOf(text), options.root);
     screen::resetScreens();
     resetSession();
     resetWorld();
-    redirectMain(options.kind, options.mainText);
+    run().onServer = ground.server.isThere();
+    redirectMain(options.kind, run().onServer ? ground.server.fresh(sampleOf(text), run().places.root) : "");
     takeMain();
     playScenario(text);
     resetSession(); // closes what the program left open before its files go
-    sandbox.remove(run().places);
+    ground.server.drop();
+    ground.sandbox.remove(run().places);
 }
 
-int playFile(const Options& options, Sandbox& sandbox, const std::string& file, Program program) {
+int playFile(const Options& options, Ground& ground, const std::string& file, Program program) {
     run() = Run{};
     run().file = file;
     run().program = program;
     try {
-        play(options, sandbox, readText(file));
+        play(options, ground, readText(file));
     } catch (const std::exception& error) {
         run().wrong = true;
         reportWrong(error.what());
@@ -116,11 +125,11 @@ void write(const Tally& tally) {
 
 int playAll(const Options& options, Program program) {
     traceStatements(options.trace);
-    Sandbox sandbox;
+    Ground ground{{}, ServerMain(options.mainText)};
     Tally tally;
     int worst = held;
     for (const std::string& file : options.files) {
-        const int status = playFile(options, sandbox, file, program);
+        const int status = playFile(options, ground, file, program);
         worst = std::max(worst, status);
         count(tally, status);
     }

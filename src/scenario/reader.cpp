@@ -57,19 +57,39 @@ void settle() {
     writeSeen();
 }
 
-// "sample" was heeded before the installation was copied; "kinds" passes the file over under any other kind.
+bool isOfKind(const Arguments& kinds) {
+    return std::ranges::find(kinds, present.kind) != kinds.end();
+}
+
+bool isOfEngine(const Arguments& engines) {
+    if (engines[0] != "file") throw ScenarioError("the only engine to name is file");
+    return !present.onServer;
+}
+
+bool isOfSample(const Arguments&) {
+    return true; // it was heeded before the installation was copied
+}
+
+// What a scenario demands of the world it is played in.
+struct HeadLine {
+    const char* name;
+    const char* shape;
+    bool (*holds)(const Arguments&);
+};
+constexpr std::array headLines{HeadLine{"sample", "w", isOfSample}, HeadLine{"kinds", "wm", isOfKind},
+                               HeadLine{"engine", "w", isOfEngine}};
+
+// A demand that doesn't hold passes the file over.
 bool isHeadLine(std::string_view line) {
-    if (cutName(line, "sample")) {
-        if (present.headOver) throw ScenarioError("sample stands in the first line only");
+    for (const HeadLine& head : headLines) {
+        if (!cutName(line, head.name)) continue;
+        if (present.headOver) throw ScenarioError(std::string(head.name) + " stands in the first lines only");
+        if (head.holds(splitArguments(line, head.shape, present.places))) return true;
+        present.passedOver = true;
+        stopReading();
         return true;
     }
-    if (!cutName(line, "kinds")) return false;
-    if (present.headOver) throw ScenarioError("kinds stands in the first lines only");
-    present.passedOver = true;
-    for (const std::string& kind : splitArguments(line, "wm", present.places))
-        if (kind == present.kind) present.passedOver = false;
-    if (present.passedOver) stopReading();
-    return true;
+    return false;
 }
 
 void judge(const Expectation& expectation, std::string_view rest, bool turned, std::string_view line) {

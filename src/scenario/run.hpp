@@ -22,8 +22,9 @@ struct Run {
     Places places;
     std::string kind = "A"; // database kind of the installation
     std::string mainText;   // connection text of its main database
+    bool onServer = false;  // which was put on a server
     Program program = nullptr;
-    bool headOver = false; // a line has been played that is neither "sample" nor "kinds"
+    bool headOver = false; // a line has been played that is neither "sample", "kinds" nor "engine"
 
     bool over = false;    // nothing more is read: at the end, passed over or wrong
     bool started = false; // the program was started at least once

@@ -2,7 +2,6 @@
 
 #include "platform/instances.hpp"
 #include "scenario/scenario_error.hpp"
-#include "setup/installation.hpp"
 
 #include <cstdlib>
 #include <random>
@@ -13,8 +12,6 @@ namespace kestrel::scenario {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::string_view sampleDay = "20240515"; // the dates of the demonstration data count from it
 
 // Every commit of the program waits for its disk; in memory a scenario takes a tenth of the time. Where that can't be
 // written, or somebody named a place, the usual one serves.
@@ -55,10 +52,8 @@ Sandbox::~Sandbox() {
 const fs::path& Sandbox::sampleTemplate(const std::string& sample) {
     const auto known = templates.find(sample);
     if (known != templates.end()) return known->second;
-    if (sample != "minimal" && sample != "full") throw ScenarioError("there is no sample " + sample);
     const fs::path made = folder / sample;
-    const auto what = sample == "minimal" ? setup::What::minimal : setup::What::full;
-    check(setup::createInstallation(made.string(), what, sampleDay));
+    check(setup::createInstallation(made.string(), whatOf(sample), sampleDay));
     return templates.emplace(sample, made).first->second;
 }
 
@@ -75,6 +70,12 @@ void Sandbox::remove(const Places& places) {
     const fs::path place = fs::path(places.scratch).parent_path();
     if (fs::path(places.root).parent_path() == place) platform::forgetInstances(places.root);
     removeAll(place);
+}
+
+setup::What whatOf(std::string_view sample) {
+    if (sample == "minimal") return setup::What::minimal;
+    if (sample == "full") return setup::What::full;
+    throw ScenarioError("there is no sample " + std::string(sample));
 }
 
 std::string sampleOf(std::string_view scenario) {

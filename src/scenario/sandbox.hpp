@@ -2,6 +2,7 @@
 #pragma once
 
 #include "scenario/line.hpp"
+#include "setup/installation.hpp"
 
 #include <filesystem>
 #include <map>
@@ -31,6 +32,9 @@ private:
     std::map<std::string, std::filesystem::path> templates;
     int count = 0;
 };
+
+inline constexpr std::string_view sampleDay = "20240515"; // the dates of the demonstration data count from it
+setup::What whatOf(std::string_view sample);              // raises ScenarioError for a word that is no sample
 
 // The sample that the first line of a scenario asks for: "full" unless it says otherwise.
 std::string sampleOf(std::string_view scenario);

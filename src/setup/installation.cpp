@@ -57,12 +57,6 @@ Status placeManual(const std::string& root) {
     return manual ? platform::done() : Status(platform::Failure{0, "the manual can't be written"});
 }
 
-Rows rowsFor(What what, const Place& place) {
-    Rows rows = rowsOf("minimal", place);
-    if (what == What::full) addDemonstration(rows, place);
-    return rows;
-}
-
 std::vector<std::string> localStatements(const Rows& rows) {
     std::vector<std::string> statements = createStatements("local");
     for (std::string& sql : insertStatements("local", rows)) statements.push_back(std::move(sql));
@@ -93,11 +87,15 @@ Status refuseOpened(const fs::path& from) {
 }
 
 // A path that names the part of any installation comes to name that of this one.
-std::string redirect(const char* table, const char* column, const std::string& root, const std::string& part) {
+std::string redirect(const char* table, const char* column, std::string_view root, const std::string& part) {
     std::string path;
-    for (const char c : root + "/" + part) path.append(c == '\'' ? 2 : 1, c);
+    for (const char c : std::string(root) + "/" + part) path.append(c == '\'' ? 2 : 1, c);
     return std::string("UPDATE ") + table + " SET " + column + " = '" + path + "' WHERE " + column + " LIKE '%/" +
            part + "'";
+}
+
+std::string redirectDocuments(std::string_view root) {
+    return redirect("Mユーザ", "ドキュメントフォルダ", root, "documents");
 }
 
 Status redirectAll(const std::string& root) {
@@ -105,7 +103,7 @@ Status redirectAll(const std::string& root) {
         changeStore(root + "/" + localFile, {redirect("データベース定義", "データソース名", root, mainFile),
                                              redirect("データベース定義", "サーバー名", root, mainFile)});
     if (!local) return local;
-    return changeStore(root + "/" + mainFile, {redirect("Mユーザ", "ドキュメントフォルダ", root, "documents")});
+    return changeStore(root + "/" + mainFile, {redirectDocuments(root)});
 }
 
 // Far enough from both ends of the calendar to count years from it.
@@ -119,7 +117,7 @@ Status fill(const std::string& root, What what, std::string_view day, std::strin
     makeTree(root);
     placeProgram(root, program);
     if (Status status = placeManual(root); !status) return status;
-    return createDatabases(root, rowsFor(what, {root, std::string(day)}));
+    return createDatabases(root, installationRows(what, {root, std::string(day)}));
 }
 
 Status copyInto(const std::string& root, std::string_view from) {
@@ -146,6 +144,16 @@ template <class Step> Status wholeOrNothing(const std::string& root, Step step) 
 }
 
 } // namespace
+
+Rows installationRows(What what, const Place& place) {
+    Rows rows = rowsOf("minimal", place);
+    if (what == What::full) addDemonstration(rows, place);
+    return rows;
+}
+
+Status nameDocumentFolder(database::Connection& main, std::string_view root) {
+    return main.execute(redirectDocuments(root));
+}
 
 Status createInstallation(std::string_view folder, What what, std::string_view day, std::string_view program) {
     return guarded([&]() -> Status {

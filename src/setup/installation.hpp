@@ -2,7 +2,9 @@
 // the scenario operator and from benchmarks; nothing in the program itself makes a table.
 #pragma once
 
+#include "platform/database/connection.hpp"
 #include "platform/result.hpp"
+#include "setup/rows.hpp"
 
 #include <string>
 #include <string_view>
@@ -26,6 +28,11 @@ inline constexpr const char* manualFile = "manual/連絡台帳入力.doc"; // th
 // made by then is taken away again.
 platform::Status createInstallation(std::string_view folder, What what, std::string_view day,
                                     std::string_view program = {});
+
+// The rows of a new installation, of both databases.
+Rows installationRows(What what, const Place& place);
+// Lets a main database that was made for another installation name the document folder of the one at root.
+platform::Status nameDocumentFolder(database::Connection& main, std::string_view root);
 
 // Copies an installation that nobody has open, file by file, and lets the paths inside name the new place. The target
 // must be empty or not there yet. Fails where a database has a write-ahead log beside it: someone is still at work.

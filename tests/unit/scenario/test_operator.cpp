@@ -1,4 +1,5 @@
 // The operator's command line: files, private installations, exit status.
+#include "../server.hpp"
 #include "scenario/operator.hpp"
 #include "setup/installation.hpp"
 #include "tiny_program.hpp"
@@ -7,6 +8,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 using kestrel::scenario::runOperator;
@@ -94,17 +96,35 @@ TEST_F(Operator, ARootStaysChanged) {
     EXPECT_EQ(playText("expect rows 0 local SELECT * FROM 動作環境定義\n", {"--root", root}), 0) << err;
 }
 
-TEST_F(Operator, KindAndConnectionOfTheCopyCanBeSet) {
-    const char* const scenario = "sample minimal\nkinds S\n"
-                                 "expect value S local master SELECT db FROM データベース定義\n"
-                                 "expect value P local SELECT プロバイダ名 FROM データベース定義\n"
-                                 "expect value \"srv 1\" local SELECT サーバー名 FROM データベース定義\n"
-                                 "expect value c local SELECT データベース名 FROM データベース定義\n";
-    EXPECT_EQ(playText(scenario, {"--kind", "S", "--main", "Provider=P;Data Source=srv 1;Initial Catalog=c;"}), 0)
+TEST_F(Operator, KindOfTheCopyCanBeSet) {
+    EXPECT_EQ(playText("sample minimal\nkinds S\nexpect value S local master SELECT db FROM データベース定義\n",
+                       {"--kind", "S"}),
+              0)
         << err;
     EXPECT_EQ(playText("sample minimal\nkinds A\nexpect ended\n", {"--kind", "S"}), 0) << "passed over";
     EXPECT_EQ(playText("sample minimal\nkinds O\nexpect rows 1 main SELECT * FROM Mユーザ\n", {"--kind", "O"}), 0)
         << err;
+}
+
+TEST_F(Operator, AServerThatIsNotThereIsStatusTwo) {
+    EXPECT_EQ(playText("sample minimal\n", {"--main", "Provider=none;Data Source=/nowhere/kestrel;"}), 2);
+    EXPECT_NE(err.find("the server can't be reached: "), std::string::npos) << err;
+}
+
+TEST_F(Operator, EveryFileGetsAMainDatabaseOfItsOwnOnAServer) {
+    KESTREL_NEEDS_SERVER();
+    const std::string server = kestrel::test::testServer();
+    const std::string adds = file("a", "sample minimal\nmain INSERT INTO K在籍区分 (区分,名称) VALUES (7,'休職')\n"
+                                       "expect rows 3 main SELECT * FROM K在籍区分\n"
+                                       "expect value %/documents main SELECT ドキュメントフォルダ FROM Mユーザ\n");
+    const std::string looks = file("b", "sample minimal\nexpect rows 2 main SELECT * FROM K在籍区分\n"
+                                        "expect rows 2 main SELECT datname FROM pg_database WHERE datname LIKE "
+                                        "'kestrel\\_operator\\_" +
+                                            std::to_string(getpid()) + "\\_%'\n");
+    for (const char* kind : {"A", "S", "O"}) EXPECT_EQ(play({"--kind", kind, "--main", server, adds, looks}), 0) << err;
+    EXPECT_EQ(playText("sample minimal\nengine file\nexpect ended\n", {"--main", server}), 0) << "passed over";
+    EXPECT_EQ(playText("sample minimal\nengine file\nexpect ended\n"), 1) << "played";
+    EXPECT_EQ(playText("sample minimal\nengine paper\n"), 2);
 }
 
 TEST_F(Operator, StatementsThatFailAreMistakes) {
