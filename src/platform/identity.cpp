@@ -51,6 +51,10 @@ std::string computerName() {
     return pretended().computer.empty() ? systemComputerName() : pretended().computer;
 }
 
+int processNumber() {
+    return getpid();
+}
+
 int windowsVersionClass() {
     return -1;
 }

@@ -1,11 +1,10 @@
 #include "scenario/server_main.hpp"
 
 #include "platform/database/server_databases.hpp"
+#include "platform/identity.hpp"
 #include "scenario/sandbox.hpp"
 #include "scenario/scenario_error.hpp"
 #include "setup/main_database.hpp"
-
-#include <unistd.h>
 
 namespace kestrel::scenario {
 
@@ -25,7 +24,7 @@ database::Connection connect(const std::string& text) {
 
 // Several operators play on one server at a time.
 ServerMain::ServerMain(std::string connectionText)
-    : text(std::move(connectionText)), prefix("kestrel_operator_" + std::to_string(getpid()) + "_") {}
+    : text(std::move(connectionText)), prefix("kestrel_operator_" + std::to_string(platform::processNumber()) + "_") {}
 
 ServerMain::~ServerMain() {
     try {

@@ -119,8 +119,8 @@ TEST_F(Operator, EveryFileGetsAMainDatabaseOfItsOwnOnAServer) {
                                        "expect value %/documents main SELECT ドキュメントフォルダ FROM Mユーザ\n");
     const std::string looks = file("b", "sample minimal\nexpect rows 2 main SELECT * FROM K在籍区分\n"
                                         "expect rows 2 main SELECT datname FROM pg_database WHERE datname LIKE "
-                                        "'kestrel\\_operator\\_" +
-                                            std::to_string(getpid()) + "\\_%'\n");
+                                        "'kestrel_operator_" +
+                                            std::to_string(getpid()) + "_%'\n");
     for (const char* kind : {"A", "S", "O"}) EXPECT_EQ(play({"--kind", kind, "--main", server, adds, looks}), 0) << err;
     EXPECT_EQ(playText("sample minimal\nengine file\nexpect ended\n", {"--main", server}), 0) << "passed over";
     EXPECT_EQ(playText("sample minimal\nengine file\nexpect ended\n"), 1) << "played";
