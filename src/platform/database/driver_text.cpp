@@ -93,14 +93,22 @@ bool holdsBeginning(const Names& names, std::string_view text) {
     return std::ranges::any_of(names, [&](std::string_view name) { return beginsWith(text, name); });
 }
 
-// In braces whatever could end the value early.
+std::string inBraces(std::string_view value) {
+    std::string text = "{";
+    for (char c : value) text.append(c == '}' ? 2 : 1, c);
+    return text + "}";
+}
+
+// psqlODBC takes braces for a part of every value but the password's: they stand only where one would end early.
 std::string pair(std::string_view word, std::string_view value) {
     if (word.empty() || value.empty()) return {};
-    std::string text = std::string(word) + "=";
-    if (value.find_first_of("[]{}();?*=!@ ") == value.npos) return text + std::string(value) + ";";
-    text += '{';
-    for (char c : value) text.append(c == '}' ? 2 : 1, c);
-    return text + "};";
+    const bool plain = value.find(';') == value.npos && !value.starts_with('{');
+    return std::string(word) + "=" + (plain ? std::string(value) : inBraces(value)) + ";";
+}
+
+// In a password that stands bare psqlODBC gives "%" and "+" a meaning.
+std::string passwordPair(std::string_view value) {
+    return value.empty() ? std::string() : "PWD=" + inBraces(value) + ";";
 }
 
 struct Place {
@@ -175,12 +183,13 @@ Failure notInstalled(std::string_view provider) {
 
 Result<Wanted> wantedDriver(std::string_view provider, const InstalledDrivers& installed) {
     for (const std::string& name : installed.drivers)
-        if (sameName(name, provider)) return Wanted{pair("DRIVER", name), &rowOfInstalled(name)};
+        if (sameName(name, provider)) return Wanted{"DRIVER=" + inBraces(name) + ";", &rowOfInstalled(name)};
     bool known = false;
     for (const Driver& row : drivers) {
         if (!holdsBeginning(row.providers, provider)) continue;
         known = true;
-        if (const std::string* name = installedName(row, installed)) return Wanted{pair("DRIVER", *name), &row};
+        if (const std::string* name = installedName(row, installed))
+            return Wanted{"DRIVER=" + inBraces(*name) + ";", &row};
     }
     if (known) return notInstalled(provider);
     return Wanted{};
@@ -208,7 +217,7 @@ Result<DriverText> driverText(std::string_view text, const InstalledDrivers& ins
     const Driver& driver = *wanted.value().driver;
     DriverText result{wanted.value().head, connectionValue(text, "Password")};
     result.text += bySource ? pair(driver.database, catalog) : placeText(driver, source, catalog);
-    result.text += pair("UID", connectionValue(text, "User ID")) + pair("PWD", result.password);
+    result.text += pair("UID", connectionValue(text, "User ID")) + passwordPair(result.password);
     result.text += driver.settings;
     return result;
 }
