@@ -70,7 +70,7 @@ const Case oracles[] = {
 
 const Case mariadbs[] = {
     {"names, limit, LIKE", mariadb, "SELECT TOP 5 COUNT(*) AS n FROM [a] AS p WHERE p.b LIKE 'x\\'",
-     R"(SELECT COUNT(*) AS "n" FROM "a" AS "p" WHERE "p"."b" LIKE 'x\' LIMIT 5)"},
+     R"(SELECT COUNT(*) AS "n" FROM "a" AS "p" WHERE UPPER("p"."b") LIKE UPPER('x\') LIMIT 5)"},
     {"right joins", mariadb, "SELECT A.x FROM C RIGHT JOIN (B RIGHT JOIN A ON B.k = A.k) ON C.k = A.k",
      R"(SELECT "A"."x" FROM "A" LEFT JOIN "B" ON "B"."k" = "A"."k" LEFT JOIN "C" ON "C"."k" = "A"."k")"},
     {"marks", mariadb, "SELECT a.x FROM a,b,c WHERE c.k(+)=a.k",
