@@ -34,6 +34,12 @@ struct DialectWords {
     bool marksLiteralsAsNational;  // N'…' where a literal has more than ASCII
 };
 
+// Names in brackets aside, every token stands as it is.
+constexpr bool keepsTokens(const DialectWords& words) {
+    return !words.quotesNames && !words.marksLiteralsAsNational && words.like == LikeForm::asItStands &&
+           words.takesAsBeforeTableAlias;
+}
+
 const DialectWords& wordsOf(Dialect dialect);
 
 // A word of the grammar, in any letter case: never a name where it stands bare.

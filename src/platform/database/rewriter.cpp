@@ -5,6 +5,7 @@
 #include "platform/database/writer.hpp"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace kestrel::database {
@@ -29,6 +30,18 @@ std::optional<Chain> chainOf(const Writer& writer, const Select& select) {
 
 std::size_t writeSelect(Writer& writer, const Select& select);
 
+// Where writePiece has to look at a single token. Up to there an engine that keeps tokens gets the text in one go.
+bool isSpecial(const Writer& writer, std::size_t at, bool dropMarks) {
+    const Token& token = writer.tokens[at];
+    return token.kind == TokenKind::bracket || isWord(token, "SELECT") || (dropMarks && isMark(writer.tokens, at));
+}
+
+std::size_t endOfRun(const Writer& writer, std::size_t at, std::size_t end, bool dropMarks) {
+    if (!keepsTokens(writer.words)) return at;
+    while (at < end && !isSpecial(writer, at, dropMarks)) ++at;
+    return at;
+}
+
 // Tokens and what stands between them, not what stands in front of the first; every SELECT in there in its own turn.
 void writePiece(Writer& writer, Piece piece, bool dropMarks = false) {
     for (std::size_t at = piece.begin; at < piece.end;) {
@@ -37,7 +50,9 @@ void writePiece(Writer& writer, Piece piece, bool dropMarks = false) {
             continue;
         }
         if (at != piece.begin) writeGap(writer, at);
-        if (isWord(writer.tokens[at], "SELECT"))
+        if (std::size_t end = endOfRun(writer, at, piece.end, dropMarks); end > at)
+            at = writeRun(writer, at, end);
+        else if (isWord(writer.tokens[at], "SELECT"))
             at = writeSelect(writer, readSelect(writer.tokens, at, piece.end));
         else
             at = writeToken(writer, at);
@@ -121,6 +136,13 @@ std::size_t writeSelect(Writer& writer, const Select& select) {
     return select.end;
 }
 
+// The first letters of TOP, RIGHT, [name] and (+).
+constexpr std::array<bool, 256> beginsFeature = [] {
+    std::array<bool, 256> bytes{};
+    for (char c : std::string_view("TtRr[+")) bytes[static_cast<unsigned char>(c)] = true;
+    return bytes;
+}();
+
 bool continues(std::string_view sql, std::size_t at, std::string_view upperCase) {
     for (char c : upperCase)
         if (++at >= sql.size() || (sql[at] & ~0x20) != c) return false;
@@ -130,23 +152,10 @@ bool continues(std::string_view sql, std::size_t at, std::string_view upperCase)
 // Quick and never wrong to the other side: on an engine that takes names and literals as they stand, most texts have
 // none of the features and pass on uncut.
 bool mayHoldFeature(std::string_view sql, const DialectWords& words) {
-    if (words.quotesNames || words.marksLiteralsAsNational) return true;
+    if (!keepsTokens(words)) return true;
     for (std::size_t at = 0; at < sql.size(); ++at) {
-        switch (sql[at]) {
-        case '[':
-        case '+':
-            return true;
-        case 'T':
-        case 't':
-            if (continues(sql, at, "OP")) return true;
-            break;
-        case 'R':
-        case 'r':
-            if (continues(sql, at, "IGHT")) return true;
-            break;
-        default:
-            break;
-        }
+        if (!beginsFeature[static_cast<unsigned char>(sql[at])]) continue;
+        if (sql[at] == '[' || sql[at] == '+' || continues(sql, at, "OP") || continues(sql, at, "IGHT")) return true;
     }
     return false;
 }

@@ -126,6 +126,12 @@ void writeGap(Writer& writer, std::size_t at) {
     writer.out += writer.sql.substr(begin, end - begin);
 }
 
+std::size_t writeRun(Writer& writer, std::size_t begin, std::size_t end) {
+    std::size_t from = offsetOf(writer, writer.tokens[begin].text);
+    writer.out += writer.sql.substr(from, endOf(writer, end - 1) - from);
+    return end;
+}
+
 std::size_t writeToken(Writer& writer, std::size_t at) {
     if (writer.words.like == LikeForm::upper)
         if (auto found = comparisonAt(writer, at)) return writeComparison(writer, at, *found);

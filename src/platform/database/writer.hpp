@@ -21,6 +21,9 @@ struct Writer {
 // The blanks and comments in front of a token (or behind the last one), as they stand.
 void writeGap(Writer& writer, std::size_t at);
 
+// Tokens with what stands between them, as they stand. Answers end.
+std::size_t writeRun(Writer& writer, std::size_t begin, std::size_t end);
+
 // The token, or the few that become something else together. Answers where the next one stands.
 std::size_t writeToken(Writer& writer, std::size_t at);
 
