@@ -93,14 +93,19 @@ bool holdsBeginning(const Names& names, std::string_view text) {
     return std::ranges::any_of(names, [&](std::string_view name) { return beginsWith(text, name); });
 }
 
-// In braces whatever could end the value early.
-std::string pair(std::string_view word, std::string_view value) {
+std::string bracedPair(std::string_view word, std::string_view value) {
     if (word.empty() || value.empty()) return {};
-    std::string text = std::string(word) + "=";
-    if (value.find_first_of("[]{}();?*=!@ ") == value.npos) return text + std::string(value) + ";";
-    text += '{';
+    std::string text = std::string(word) + "={";
     for (char c : value) text.append(c == '}' ? 2 : 1, c);
     return text + "};";
+}
+
+// In braces only what would end the value early: psqlODBC takes braces off passwords alone, for any other value they
+// are part of the name.
+std::string pair(std::string_view word, std::string_view value) {
+    if (value.find(';') != value.npos) return bracedPair(word, value);
+    if (word.empty() || value.empty()) return {};
+    return std::string(word) + "=" + std::string(value) + ";";
 }
 
 struct Place {
@@ -175,12 +180,12 @@ Failure notInstalled(std::string_view provider) {
 
 Result<Wanted> wantedDriver(std::string_view provider, const InstalledDrivers& installed) {
     for (const std::string& name : installed.drivers)
-        if (sameName(name, provider)) return Wanted{pair("DRIVER", name), &rowOfInstalled(name)};
+        if (sameName(name, provider)) return Wanted{bracedPair("DRIVER", name), &rowOfInstalled(name)};
     bool known = false;
     for (const Driver& row : drivers) {
         if (!holdsBeginning(row.providers, provider)) continue;
         known = true;
-        if (const std::string* name = installedName(row, installed)) return Wanted{pair("DRIVER", *name), &row};
+        if (const std::string* name = installedName(row, installed)) return Wanted{bracedPair("DRIVER", *name), &row};
     }
     if (known) return notInstalled(provider);
     return Wanted{};
@@ -208,7 +213,8 @@ Result<DriverText> driverText(std::string_view text, const InstalledDrivers& ins
     const Driver& driver = *wanted.value().driver;
     DriverText result{wanted.value().head, connectionValue(text, "Password")};
     result.text += bySource ? pair(driver.database, catalog) : placeText(driver, source, catalog);
-    result.text += pair("UID", connectionValue(text, "User ID")) + pair("PWD", result.password);
+    // Without braces psqlODBC takes "+" and "%" in a password for marks.
+    result.text += pair("UID", connectionValue(text, "User ID")) + bracedPair("PWD", result.password);
     result.text += driver.settings;
     return result;
 }

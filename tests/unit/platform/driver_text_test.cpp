@@ -29,7 +29,7 @@ struct Case {
 
 const Case cases[] = {
     {"catalog of its own", "Provider=PostgreSQL;User ID=u;Password=p;Data Source=db1:5433;Initial Catalog=k;",
-     "DRIVER={PostgreSQL Unicode};Servername=db1;Port=5433;Database=k;UID=u;PWD=p;Protocol"},
+     "DRIVER={PostgreSQL Unicode};Servername=db1;Port=5433;Database=k;UID=u;PWD={p};Protocol"},
     {"database behind the host", "Provider=PostgreSQL;User ID=u;Password=;Data Source=db1/k;",
      "DRIVER={PostgreSQL Unicode};Servername=db1;Database=k;UID=u;Protocol"},
     {"socket folder, port and database", "Provider=PostgreSQL;Data Source=/run/nowhere:5433/k;",
@@ -44,6 +44,8 @@ const Case cases[] = {
      "DRIVER={PostgreSQL Unicode};Servername=fe80::1;Database=k;"},
     {"password with marks", "Provider=PostgreSQL;Password='a;b}c d';Data Source=h/k;",
      "DRIVER={PostgreSQL Unicode};Servername=h;Database=k;PWD={a;b}}c d};Protocol"},
+    {"names with marks", "Provider=PostgreSQL;User ID=a b@c;Password=a+b%41;Data Source=h/営業 {1};",
+     "DRIVER={PostgreSQL Unicode};Servername=h;Database=営業 {1};UID=a b@c;PWD={a+b%41};Protocol"},
     {"provider's letter case and release", "provider=sqloledb.1;Data Source=h;Initial Catalog=k;User ID=sa;",
      "DRIVER={ODBC Driver 18 for SQL Server};Server=h;Database=k;UID=sa;Trust"},
     {"port of the maker's driver", "Provider=MSOLEDBSQL19;Data Source=h,1433;Initial Catalog=k;",
@@ -51,7 +53,7 @@ const Case cases[] = {
     {"named instance", "Provider=SQLNCLI11;Data Source=h\\i;Initial Catalog=k;",
      "DRIVER={ODBC Driver 18 for SQL Server};Server=h\\i;Database=k;Trust"},
     {"Oracle's own place", "Provider=OraOLEDB.Oracle;User ID=u;Password=p;Data Source=h:1521/s;",
-     "DRIVER={Oracle 21 ODBC driver};DBQ=h:1521/s;UID=u;PWD=p;"},
+     "DRIVER={Oracle 21 ODBC driver};DBQ=h:1521/s;UID=u;PWD={p};"},
     {"MariaDB's socket", "Provider=MariaDB;User ID=u;Data Source=/run/nowhere.sock;Initial Catalog=k;",
      "DRIVER={MariaDB Unicode};SOCKET=/run/nowhere.sock;DATABASE=k;UID=u;CHARSET"},
     {"an installed driver's name", "Provider=PostgreSQL ANSI;Data Source=h/k;",
@@ -59,7 +61,7 @@ const Case cases[] = {
     {"another one's name", "Provider=some driver;User ID=u;Data Source=h:9;Initial Catalog=k;",
      "DRIVER={Some Driver};Server=h;Port=9;Database=k;UID=u;"},
     {"a data source", "Provider=MSDASQL;User ID=u;Password=p;Data Source=Office;Initial Catalog=k;",
-     "DSN=office;Database=k;UID=u;PWD=p;Protocol"},
+     "DSN=office;Database=k;UID=u;PWD={p};Protocol"},
     {"a data source of an unknown driver", "Provider=;User ID=u;Data Source=other;", "DSN=other;UID=u;"},
 };
 
@@ -70,7 +72,7 @@ TEST(DriverText, saysTheSameInTheDriversWords) {
 
 TEST(DriverText, takesTheDriverThatIsThere) {
     EXPECT_TRUE(begins(textOf("Provider=SQLOLEDB;Data Source=h:1433;Initial Catalog=k;", {{"FreeTDS"}, {}}),
-                       "DRIVER=FreeTDS;Server=h;Port=1433;Database=k;TDS_Version"));
+                       "DRIVER={FreeTDS};Server=h;Port=1433;Database=k;TDS_Version"));
 }
 
 TEST(DriverText, namesThePackageOfADriverThatIsMissing) {
