@@ -44,6 +44,8 @@ const Case cases[] = {
      "DRIVER={PostgreSQL Unicode};Servername=fe80::1;Database=k;"},
     {"password with marks", "Provider=PostgreSQL;Password='a;b}c d';Data Source=h/k;",
      "DRIVER={PostgreSQL Unicode};Servername=h;Database=k;PWD={a;b}}c d};Protocol"},
+    {"names with marks", "Provider=PostgreSQL;User ID=a b@c;Password=a+b%41;Data Source=h/営業 {1};",
+     "DRIVER={PostgreSQL Unicode};Servername=h;Database=営業 {1};UID=a b@c;PWD={a+b%41};Protocol"},
     {"provider's letter case and release", "provider=sqloledb.1;Data Source=h;Initial Catalog=k;User ID=sa;",
      "DRIVER={ODBC Driver 18 for SQL Server};Server=h;Database=k;UID=sa;Trust"},
     {"port of the maker's driver", "Provider=MSOLEDBSQL19;Data Source=h,1433;Initial Catalog=k;",
