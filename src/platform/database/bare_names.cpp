@@ -15,8 +15,8 @@ namespace {
 
 using Tokens = std::span<const Token>;
 
-// INSERT INTO name (…), CREATE TABLE name (…), WITH name (…) AS
-constexpr auto beforeTableName = std::to_array<std::string_view>({"INTO", "TABLE", "WITH", "RECURSIVE"});
+// INSERT INTO name (…), WITH name (…) AS
+constexpr auto beforeTableName = std::to_array<std::string_view>({"INTO", "WITH", "RECURSIVE"});
 
 bool needsTableBehind(const Token& token) {
     return std::ranges::any_of(beforeTableName, [&](std::string_view word) { return isWord(token, word); });

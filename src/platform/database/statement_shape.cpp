@@ -44,7 +44,7 @@ bool isFollowedByCount(const Tokens& tokens, std::size_t at) {
 
 // LIMIT n or FETCH FIRST n on the level of that SELECT: behind a compound one it bounds the whole.
 bool endsWithLimit(const Tokens& tokens, std::size_t select) {
-    for (std::size_t at = select; at < tokens.size() && !isSign(tokens[at], ')'); at = behind(tokens, at)) {
+    for (std::size_t at = select; at < tokens.size(); at = behind(tokens, at)) {
         if (isWord(tokens[at], "LIMIT") && isFollowedByCount(tokens, at)) return true;
         if (isWord(tokens[at], "FETCH") && at + 1 < tokens.size() && isOneOf(tokens[at + 1], {"FIRST", "NEXT"}) &&
             isFollowedByCount(tokens, at + 1))

@@ -52,6 +52,8 @@ const Case names[] = {
      "WITH RECURSIVE N(I) AS (SELECT 1 UNION ALL SELECT I + 1 FROM N WHERE I < 9) INSERT INTO a (b) SELECT 'x' || I "
      "FROM N",
      R"(WITH RECURSIVE "N"("I") AS (SELECT 1 UNION ALL SELECT "I" + 1 FROM "N" WHERE "I" < 9) INSERT INTO "a" ("b") SELECT 'x' || "I" FROM "N")"},
+    {"of a read with a name of its own", "WITH N(I) AS (SELECT 1) SELECT I FROM N",
+     R"(WITH "N"("I") AS (SELECT 1) SELECT "I" FROM "N")"},
     {"of a new table", "CREATE TABLE a AS SELECT * FROM b", R"(CREATE TABLE "a" AS SELECT * FROM "b")"},
     {"of a changed table", "ALTER TABLE Mセクション RENAME COLUMN 名称 TO 呼称",
      R"(ALTER TABLE "Mセクション" RENAME COLUMN "名称" TO "呼称")"},
