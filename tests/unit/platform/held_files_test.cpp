@@ -1,11 +1,10 @@
+#include "other_process.hpp"
 #include "scratch.hpp"
 
 #include "platform/files.hpp"
 
 #include <cerrno>
-#include <csignal>
 #include <optional>
-#include <sys/wait.h>
 
 namespace kestrel::platform {
 
@@ -73,23 +72,15 @@ TEST(HeldFiles, isHeldUntilItIsLetGoAndStays) {
 
 TEST(HeldFiles, isLetGoByTheDeathOfItsProcess) {
     const Scratch scratch;
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const pid_t other = fork();
-    if (other == 0) {
-        auto held = writeHeldFile(scratch.path("a"), "x");
-        if (held && write(ready[1], "y", 1) == 1) pause();
-        _exit(1);
-    }
-    char answer = 0;
-    EXPECT_EQ(read(ready[0], &answer, 1), 1);
+    test::OtherProcess other([&] {
+        static auto held = writeHeldFile(scratch.path("a"), "x");
+        return static_cast<bool>(held);
+    });
+    EXPECT_TRUE(other.answer());
     EXPECT_EQ(numberOf(holdFile(scratch.path("a"))), EWOULDBLOCK);
-    kill(other, SIGKILL);
-    waitpid(other, nullptr, 0);
+    other.end();
     EXPECT_TRUE(holdFile(scratch.path("a")));
     EXPECT_EQ(contentOf(scratch.path("a")), "x");
-    close(ready[0]);
-    close(ready[1]);
 }
 
 } // namespace
