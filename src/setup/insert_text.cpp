@@ -129,7 +129,6 @@ std::optional<InsertText> readBrokenInsert(std::string_view statement) {
     Reader head{statement.substr(0, behindHead), {}};
     if (!database::cutTokens(head.statement, head.tokens) || !head.head()) return std::nullopt;
     const auto written = cutAt(betweenQuotes(statement.substr(behindHead + valuesWord.size())), "','");
-    if (written.size() != head.insert.values.size()) return std::nullopt;
     std::string mended = std::string(head.statement) + std::string(valuesWord) + " ";
     for (std::size_t i = 0; i < written.size(); ++i)
         mended.append(i == 0 ? "(" : ",").append(quotedText(asMeant(written[i])));

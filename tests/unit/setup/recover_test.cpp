@@ -364,6 +364,17 @@ TEST_F(RecoverTest, putsAPartnerBackOnlyUnderItsOwnCode) {
     EXPECT_EQ(shown(list()), "");
 }
 
+TEST_F(RecoverTest, tellsPartnersOfOneCodeInTwoTablesApart) {
+    const std::string customer = partnerText("000001", "青葉印刷");
+    failed(customer);
+    failed("INSERT INTO M納品先 (コード,名称A) VALUES ('000001', '青葉印刷')", "20240515 093100");
+    saved("INSERT INTO M仕入先 (コード,名称A,住所A) VALUES ('000001','青葉印刷','東京都')", "20240515 093200");
+    EXPECT_EQ(list().lines.size(), 8u);
+    apply();
+    EXPECT_EQ(value("SELECT 名称A FROM M得意先"), "青葉印刷");
+    EXPECT_EQ(value("SELECT 名称A FROM M納品先"), "青葉印刷");
+}
+
 TEST_F(RecoverTest, leavesOutWhatNobodyTyped) {
     for (const char* table : {"M電話番号", "M付属書類", "[T閲覧]", "A期日別番号情報", "使用状況"})
         failed(std::string("INSERT INTO ") + table + " (a) VALUES ('1')");
