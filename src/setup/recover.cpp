@@ -117,6 +117,13 @@ void removeNotes(const std::vector<std::string>& notes) {
         if (auto held = platform::holdFile(note)) held.value().remove();
 }
 
+// Two at once would each put the same row back, one of them under the next number.
+bool takeTurn(const std::string& root, platform::HeldFile& turn) {
+    auto held = platform::holdFile(root + "/conf");
+    if (held) turn = std::move(held.value());
+    return held || held.failure().number != EWOULDBLOCK;
+}
+
 } // namespace
 
 Recovery recover(std::string_view folder, bool apply) {
@@ -124,6 +131,11 @@ Recovery recover(std::string_view folder, bool apply) {
     Recovery recovery;
     if (!platform::folderExists(root)) {
         recovery.troubles.push_back("there is no folder " + root);
+        return recovery;
+    }
+    platform::HeldFile turn;
+    if (apply && !takeTurn(root, turn)) {
+        recovery.troubles.push_back("somebody else is putting rows back");
         return recovery;
     }
     LostRows found = findLostRows(root);

@@ -23,7 +23,8 @@ struct Recovery {
 // Put back is the row's own INSERT, under its number or, for an addressee whose number another one has, the next free
 // one. Left to a person are rows that no INSERT can be read for, and rosters and partners whose number is taken. A
 // change that a living program is in the middle of is passed over with a word. With apply, nothing is put back while
-// one of the local databases can't be read, because what was saved since isn't known then.
+// one of the local databases can't be read, because what was saved since isn't known then, nor while somebody else is
+// at it.
 Recovery recover(std::string_view folder, bool apply);
 
 } // namespace kestrel::setup

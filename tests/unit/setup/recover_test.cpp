@@ -395,6 +395,17 @@ TEST_F(RecoverTest, putsNothingBackWhileALocalDatabaseCannotBeRead) {
     EXPECT_EQ(count(), "0");
 }
 
+TEST_F(RecoverTest, putsNothingBackWhileSomebodyElseDoes) {
+    failed(rowText({}));
+    {
+        const auto other = platform::holdFile(root + "/conf");
+        ASSERT_TRUE(other);
+        EXPECT_EQ(shown(apply()), "!somebody else is putting rows back\n");
+        EXPECT_EQ(outcome(list()), "number 000002 is free");
+    }
+    EXPECT_EQ(outcome(apply()), "put back under 000002");
+}
+
 TEST_F(RecoverTest, saysWhatIsGone) {
     EXPECT_EQ(shown(recover(at("none"), false)), "!there is no folder " + at("none") + "\n");
     failed(rowText({}));
