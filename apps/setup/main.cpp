@@ -6,6 +6,7 @@
 #include "setup/example.hpp"
 #include "setup/installation.hpp"
 #include "setup/pin.hpp"
+#include "setup/recover_command.hpp"
 
 #include <filesystem>
 #include <iostream>
@@ -20,6 +21,7 @@ namespace platform = kestrel::platform;
 constexpr const char* usage = "kestrel-setup create DIR [--minimal | --full] [--day YYYYMMDD]\n"
                               "kestrel-setup check DIR\n"
                               "kestrel-setup demo DIR\n"
+                              "kestrel-setup recover DIR [--apply]\n"
                               "kestrel-setup pin TEXT";
 
 int refuse(const std::string& line) {
@@ -71,6 +73,7 @@ int main(int count, char** words) {
     if (arguments[0] == "create") return create(rest);
     if (arguments[0] == "check" && rest.size() == 1) return check(rest[0]);
     if (arguments[0] == "demo" && rest.size() == 1) return demo(rest[0]);
+    if (arguments[0] == "recover") return setup::runRecover(rest, usage);
     if (arguments[0] == "pin" && rest.size() == 1) return pin(rest[0]);
     return refuse(usage);
 }

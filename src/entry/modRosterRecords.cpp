@@ -1,5 +1,6 @@
 #include "entry/modRosterRecords.hpp"
 
+#include "data/modChangeNote.hpp"
 #include "data/modGateway.hpp"
 #include "numbering/modViewLog.hpp"
 #include "screen/message.hpp"
@@ -18,6 +19,8 @@ namespace {
 
 using Value = std::string RosterSession::*;
 using Number = std::int16_t RosterSession::*;
+
+constexpr std::int16_t rowWritten = 1; // writeResult of an insert that succeeded
 
 enum class Taken { no, yes };
 enum class Written { asHeld, quoted };
@@ -233,15 +236,19 @@ void assignNextAddresseeNo() {
     rosterSession.dirty = false;
 }
 
-void insertAddressee() {
-    if (!executeSql(insertStatement(), true)) {
+static void sendInsert(const std::string& statement) {
+    if (!executeSql(statement, true)) {
         setOutcome(3, "登録済です。登録できませんでした。");
         return;
     }
-    setOutcome(1, "");
+    setOutcome(rowWritten, "");
     const RosterSession& s = rosterSession;
     updatePhoneDirectory(s.宛先電話, s.宛先名称A + s.宛先名称B + s.宛先名称C, s.宛先郵便番号, s.宛先住所A, s.宛先住所B,
                          s.宛先住所C, s.法人個人区分);
+}
+
+void insertAddressee() {
+    sendInsert(insertStatement());
 }
 
 void deleteAddressee() {
@@ -257,8 +264,11 @@ void deleteAddressee() {
 }
 
 void replaceAddressee() {
+    const std::string statement = insertStatement();
+    platform::HeldFile note = noteChange("T名簿明細", statement);
     deleteAddressee();
-    insertAddressee();
+    sendInsert(statement);
+    if (rosterSession.writeResult == rowWritten) note.remove();
 }
 
 } // namespace kestrel

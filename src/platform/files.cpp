@@ -8,8 +8,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace kestrel::platform {
 
@@ -33,13 +35,12 @@ bool look(std::string_view path, struct stat& about) {
     return stat(systemPath(path).c_str(), &about) == 0;
 }
 
-bool writeAll(int file, const char* data, ssize_t length) {
-    while (length > 0) {
-        ssize_t written = write(file, data, static_cast<std::size_t>(length));
+bool writeAll(int file, std::string_view data) {
+    while (!data.empty()) {
+        ssize_t written = write(file, data.data(), data.size());
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) return false;
-        data += written;
-        length -= written;
+        data.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
 }
@@ -54,7 +55,7 @@ bool copyContent(int source, int target) {
         ssize_t length = read(source, block.data(), block.size());
         if (length < 0 && errno == EINTR) continue;
         if (length <= 0) return length == 0;
-        if (!writeAll(target, block.data(), length)) return false;
+        if (!writeAll(target, {block.data(), static_cast<std::size_t>(length)})) return false;
     }
 }
 
@@ -91,6 +92,31 @@ Status copyInto(int source, const struct stat& about, const std::string& target)
     Failure failure = lastFailure();
     std::remove(part.c_str());
     return failure;
+}
+
+// Where the file system knows no locks nobody can be told to hold a file; what is written there is as safe.
+bool takeLock(int file) {
+    return flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+// Whoever found the new file before it was held may have taken it for left behind, and away.
+bool isStillThere(int file) {
+    struct stat about {};
+    return fstat(file, &about) == 0 && about.st_nlink > 0;
+}
+
+// A new name is on the disk only when its folder is. Some file systems see to that themselves and refuse to be asked.
+bool syncFolderOf(const std::string& path) {
+    const auto end = lastSeparator(path);
+    const std::string folder = end == std::string::npos ? "." : path.substr(0, end + 1);
+    const File opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return opened.number >= 0 && (fsync(opened.number) == 0 || errno == EINVAL);
+}
+
+// Some file systems lock only what is open for writing.
+int openForHolding(const std::string& path) {
+    const int file = open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
+    return file >= 0 ? file : open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
 }
 
 } // namespace
@@ -130,6 +156,60 @@ Status makeFolder(std::string_view path) {
 
 Status removeFile(std::string_view path) {
     return unlink(systemPath(path).c_str()) == 0 ? done() : Status(lastFailure());
+}
+
+Result<std::string> contentOf(std::string_view path) {
+    const File file(open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (file.number < 0) return lastFailure();
+    std::string content;
+    std::array<char, 4096> block{};
+    for (;;) {
+        ssize_t length = read(file.number, block.data(), block.size());
+        if (length < 0 && errno == EINTR) continue;
+        if (length < 0) return lastFailure();
+        if (length == 0) return content;
+        content.append(block.data(), static_cast<std::size_t>(length));
+    }
+}
+
+HeldFile::HeldFile(HeldFile&& other) noexcept
+    : place(std::move(other.place)), number(std::exchange(other.number, -1)) {}
+
+HeldFile& HeldFile::operator=(HeldFile&& other) noexcept {
+    std::swap(place, other.place);
+    std::swap(number, other.number);
+    return *this;
+}
+
+HeldFile::~HeldFile() {
+    if (number >= 0) close(number);
+}
+
+void HeldFile::remove() {
+    if (number < 0) return;
+    unlink(place.c_str());
+    close(std::exchange(number, -1));
+}
+
+Result<HeldFile> writeHeldFile(std::string_view path, std::string_view content) {
+    const std::string place = systemPath(path);
+    const int file = open(place.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
+    if (file < 0) return lastFailure();
+    HeldFile held(place, file);
+    if (!takeLock(file) || !isStillThere(file)) return Failure{EEXIST, std::strerror(EEXIST)};
+    if (writeAll(file, content) && fsync(file) == 0 && syncFolderOf(place)) return held;
+    Failure failure = lastFailure();
+    held.remove();
+    return failure;
+}
+
+Result<HeldFile> holdFile(std::string_view path) {
+    const std::string place = systemPath(path);
+    const int file = openForHolding(place);
+    if (file < 0) return lastFailure();
+    HeldFile held(place, file);
+    if (!takeLock(file)) return Failure{EWOULDBLOCK, std::strerror(EWOULDBLOCK)};
+    return held;
 }
 
 } // namespace kestrel::platform

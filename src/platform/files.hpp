@@ -37,4 +37,28 @@ Status copyFolder(std::string_view source, std::string_view target);
 // With all that is in it, read-only or not. A link goes, never what it points to.
 Status removeFolder(std::string_view path);
 
+Result<std::string> contentOf(std::string_view path); // bytes, as they stand
+
+// A small file that a process keeps hold of. Whoever else looks at it can tell whether a living process does: the
+// kernel lets go of it with the process, however that ended.
+class HeldFile {
+public:
+    HeldFile() = default; // holds nothing
+    HeldFile(std::string path, int file) : place(std::move(path)), number(file) {}
+    HeldFile(HeldFile&& other) noexcept;
+    HeldFile& operator=(HeldFile&& other) noexcept;
+    ~HeldFile();   // lets go; the file stays
+    void remove(); // takes the file away and lets go; harmless when nothing is held
+
+private:
+    std::string place;
+    int number = -1;
+};
+
+// Makes a file of that content, held from before anybody could take it for left behind. When this answers, content and
+// name are on the disk. Fails with EEXIST where there is such a file; of one that fails nothing stays.
+Result<HeldFile> writeHeldFile(std::string_view path, std::string_view content);
+// Takes hold of a file that is there. Fails with EWOULDBLOCK while a living process holds it.
+Result<HeldFile> holdFile(std::string_view path);
+
 } // namespace kestrel::platform

@@ -19,4 +19,18 @@ std::optional<CreateRequest> readCreateRequest(const std::vector<std::string>& w
     return request;
 }
 
+std::optional<RecoverRequest> readRecoverRequest(const std::vector<std::string>& words) {
+    RecoverRequest request;
+    for (const std::string& word : words) {
+        if (word == "--apply") {
+            request.apply = true;
+        } else if (request.folder.empty() && !word.starts_with("--")) {
+            request.folder = word;
+        } else {
+            return std::nullopt;
+        }
+    }
+    return request.folder.empty() ? std::nullopt : std::optional(request);
+}
+
 } // namespace kestrel::setup

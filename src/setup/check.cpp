@@ -20,14 +20,6 @@ using Lines = std::vector<std::string>;
 constexpr const char* folders[] = {"prgbin", "data", "conf", "report", "manual", "users"};
 constexpr const char* databases[] = {"data/gnrdb", "conf/usrcnfg", "report/repdb", "report/repfrmdb"};
 
-// The suite takes the newer of two formats where both lie side by side; empty: neither is there.
-std::string databaseFile(const std::string& root, const std::string& name) {
-    for (const char* ending : {".accdb", ".mdb"}) {
-        if (fs::exists(root + "/" + name + ending)) return root + "/" + name + ending;
-    }
-    return {};
-}
-
 void checkTree(const std::string& root, Lines& lines) {
     for (const std::string name : folders) {
         if (!fs::is_directory(root + "/" + name)) lines.push_back("folder " + name + " is missing");

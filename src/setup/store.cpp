@@ -1,5 +1,6 @@
 #include "setup/store.hpp"
 
+#include "platform/files.hpp"
 #include "setup/words.hpp"
 
 namespace kestrel::setup {
@@ -31,6 +32,14 @@ Status runAll(Connection& store, const std::vector<std::string>& statements) {
 }
 
 } // namespace
+
+std::string databaseFile(const std::string& root, const std::string& name) {
+    for (const char* ending : {".accdb", ".mdb"}) {
+        const std::string path = root + "/" + name + ending;
+        if (platform::entryAt(path)) return path;
+    }
+    return {};
+}
 
 Result<Connection> openStore(const std::string& path) {
     return database::openConnection("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=\"" + path + "\";",

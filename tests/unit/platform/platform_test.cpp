@@ -1,3 +1,4 @@
+#include "other_process.hpp"
 #include "scratch.hpp"
 
 #include "platform/clock.hpp"
@@ -23,6 +24,7 @@ namespace kestrel::platform {
 namespace {
 
 using test::contentOf;
+using test::OtherProcess;
 using test::Scratch;
 
 std::string both(const Moment& moment) {
@@ -321,45 +323,11 @@ protected:
     }
 };
 
-// Another process that runs the step, writes its answer to the pipe and stays until it is killed.
-struct Other {
-    pid_t process = -1;
-    int answers = -1;
-
-    explicit Other(const std::function<bool()>& step) {
-        std::array<int, 2> ends{};
-        EXPECT_EQ(pipe(ends.data()), 0);
-        process = fork();
-        if (process == 0) {
-            char answer = step() ? 'y' : 'n';
-            if (::write(ends[1], &answer, 1) == 1) pause();
-            _exit(1);
-        }
-        ::close(ends[1]);
-        answers = ends[0];
-    }
-    Other(const Other&) = delete;
-    Other& operator=(const Other&) = delete;
-    bool answer() const {
-        char answer = 0;
-        EXPECT_EQ(::read(answers, &answer, 1), 1);
-        return answer == 'y';
-    }
-    void end() {
-        if (process < 0) return;
-        kill(process, SIGKILL);
-        waitpid(process, nullptr, 0);
-        ::close(answers);
-        process = -1;
-    }
-    ~Other() { end(); }
-};
-
 TEST_F(Instances, seeThoseThatRunOnTheSameRoot) {
     EXPECT_FALSE(anotherInstanceRuns(root));
     EXPECT_FALSE(anotherInstanceRuns(root)) << "a process is no other to itself";
     withdrawInstance();
-    Other other([&] { return anotherInstanceRuns(root); });
+    OtherProcess other([&] { return anotherInstanceRuns(root); });
     EXPECT_FALSE(other.answer());
     EXPECT_TRUE(anotherInstanceRuns(root));
     EXPECT_TRUE(anotherInstanceRuns(root + "/.")) << "the same root in other words";
@@ -370,9 +338,9 @@ TEST_F(Instances, seeThoseThatRunOnTheSameRoot) {
 
 TEST_F(Instances, seeAnnouncedOnesToo) {
     announceInstance(root);
-    Other handoff([&] { return announceInstance(root), true; });
+    OtherProcess handoff([&] { return announceInstance(root), true; });
     EXPECT_TRUE(handoff.answer());
-    Other plain([&] { return anotherInstanceRuns(root); });
+    OtherProcess plain([&] { return anotherInstanceRuns(root); });
     EXPECT_TRUE(plain.answer());
     withdrawInstance();
     handoff.end();
@@ -381,9 +349,9 @@ TEST_F(Instances, seeAnnouncedOnesToo) {
 
 TEST_F(Instances, ofStartsAtTheSameMomentExactlyOneSurvives) {
     for (int round = 0; round < 20; ++round) {
-        std::vector<std::unique_ptr<Other>> starts;
+        std::vector<std::unique_ptr<OtherProcess>> starts;
         for (int i = 0; i < 6; ++i)
-            starts.push_back(std::make_unique<Other>([&] { return !anotherInstanceRuns(root); }));
+            starts.push_back(std::make_unique<OtherProcess>([&] { return !anotherInstanceRuns(root); }));
         int surviving = 0;
         for (const auto& start : starts) surviving += start->answer() ? 1 : 0;
         EXPECT_EQ(surviving, 1);
@@ -398,9 +366,9 @@ TEST_F(Instances, areNotSeenInProgramsThatTheyStarted) {
 }
 
 TEST_F(Instances, leaveNothingBehindOfARemovedInstallation) {
-    Other plain([&] { return !anotherInstanceRuns(root); });
+    OtherProcess plain([&] { return !anotherInstanceRuns(root); });
     EXPECT_TRUE(plain.answer());
-    Other handoff([&] { return announceInstance(root), true; });
+    OtherProcess handoff([&] { return announceInstance(root), true; });
     EXPECT_TRUE(handoff.answer());
     forgetInstances(root);
     EXPECT_FALSE(anotherInstanceRuns(root)) << "its marks are still there";

@@ -26,4 +26,19 @@ TEST(ArgumentsTest, wordsThatMakeNoSenseAreRefused) {
     for (const auto& words : wrong) EXPECT_FALSE(readCreateRequest(words, "20240515"));
 }
 
+TEST(ArgumentsTest, recoverTakesAFolderAndAtMostOneWord) {
+    const auto listing = readRecoverRequest({"place"});
+    ASSERT_TRUE(listing);
+    EXPECT_EQ(listing->folder, "place");
+    EXPECT_FALSE(listing->apply);
+    const auto applying = readRecoverRequest({"--apply", "place"});
+    ASSERT_TRUE(applying);
+    EXPECT_EQ(applying->folder, "place");
+    EXPECT_TRUE(applying->apply);
+    EXPECT_FALSE(readRecoverRequest({}));
+    EXPECT_FALSE(readRecoverRequest({"--apply"}));
+    EXPECT_FALSE(readRecoverRequest({"place", "other"}));
+    EXPECT_FALSE(readRecoverRequest({"place", "--all"}));
+}
+
 } // namespace kestrel::setup
