@@ -55,7 +55,7 @@ std::string nameOfOurs(std::string_view name) {
 
 Libpq::Libpq(const std::string& connectionText) : session(PQconnectdb(libraryText(connectionText).c_str())) {
     if (PQstatus(session) != CONNECTION_OK) end("the server can't be reached");
-    run("SET client_min_messages = warning");
+    run("SET client_min_messages = error");
 }
 
 void Libpq::end(const std::string& what) {
