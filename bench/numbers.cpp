@@ -1,6 +1,7 @@
 // Two processes that draw 1,000 numbers each from one register at the same time: no number twice, none missing.
 #include "numbering/modNumbers.hpp"
 #include "platform/clock.hpp"
+#include "support/line_up.hpp"
 #include "support/measure.hpp"
 #include "support/program.hpp"
 
@@ -22,33 +23,15 @@ std::string listOf(const bench::Installation& place, int process) {
     return (place.root / ("numbers-" + std::to_string(process))).string();
 }
 
-// Nobody draws before everybody is ready: each one says so, and waits until the other end of the start is closed.
-struct Line {
-    int ready[2], start[2];
-};
-
-bool lineUp(const Line& line) {
-    char byte = 0;
-    close(line.start[1]);
-    return write(line.ready[1], &byte, 1) == 1 && read(line.start[0], &byte, 1) == 0;
-}
-
-void letStart(const Line& line) {
-    char byte = 0;
-    for (int process = 0; process < processes; ++process)
-        if (read(line.ready[0], &byte, 1) != 1) std::exit(2);
-    close(line.start[1]);
-}
-
-void draw(const bench::Installation& place, int process, const Line& line) {
+void draw(const bench::Installation& place, int process, const bench::LineUp& line) {
     bench::openOrEnd();
     const std::string base = numberBaseDate(rosterRegister, std::string(bench::sampleDay));
     std::ofstream list(listOf(place, process));
-    if (!lineUp(line)) return;
+    if (!line.wait()) return;
     for (int i = 0; i < draws; ++i) list << takeNextNumber(rosterRegister, base, "000") << "\n";
 }
 
-pid_t startDrawing(const bench::Installation& place, int process, const Line& line) {
+pid_t startDrawing(const bench::Installation& place, int process, const bench::LineUp& line) {
     const pid_t id = fork();
     if (id != 0) return id;
     draw(place, process, line);
@@ -71,11 +54,10 @@ bool atTheSameTime(const std::vector<std::string>& a, const std::vector<std::str
 
 int main() {
     const bench::Installation place(setup::What::minimal, bench::Where::disk);
-    Line line;
-    if (pipe(line.ready) != 0 || pipe(line.start) != 0) return 2;
+    const bench::LineUp line;
     pid_t ids[processes];
     for (int process = 0; process < processes; ++process) ids[process] = startDrawing(place, process, line);
-    letStart(line);
+    line.start(processes);
     const double begin = platform::secondsRunning();
     for (const pid_t id : ids) waitpid(id, nullptr, 0);
     const double seconds = platform::secondsRunning() - begin;

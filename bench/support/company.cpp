@@ -168,17 +168,23 @@ void fill(const std::string& path, const CompanySize& size) {
     database.run("COMMIT");
 }
 
+std::string beginningOfName(const CompanySize& size) {
+    std::string text;
+    for (const std::size_t count : {size.customers, size.contacts, size.rosters, size.addressees, size.postalCodes})
+        text += std::to_string(count) + "-";
+    return text;
+}
+
 // Another text as soon as the tables are others.
 std::string nameOf(const CompanySize& size) {
     std::string made = std::to_string(edition);
     for (const std::string& sql : setup::createStatements("main")) made += sql;
-    return std::to_string(size.customers) + "-" + std::to_string(std::hash<std::string>()(made)) + ".db";
+    return beginningOfName(size) + std::to_string(std::hash<std::string>()(made)) + ".db";
 }
 
 void removeOlder(const fs::path& folder, const CompanySize& size) {
     for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.path().filename().string().starts_with(std::to_string(size.customers) + "-"))
-            fs::remove(entry.path());
+        if (entry.path().filename().string().starts_with(beginningOfName(size))) fs::remove(entry.path());
 }
 
 } // namespace

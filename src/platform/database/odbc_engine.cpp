@@ -23,6 +23,7 @@ struct OdbcSession {
     bool byCursor = false;   // what the driver was told last
     bool givesRests = false; //
     int waiting = 0, running = 0;
+    std::string lastState; // of the last failure
     const ServerWords* words = nullptr;
     std::vector<OdbcResult*> live; // with a cursor on the server
 };
@@ -74,6 +75,7 @@ void lose(OdbcSession& session) {
 
 // How a failure of the session's own goes on: whoever asks next opens it anew.
 Failure noted(OdbcSession& session, const OdbcFailure& failed) {
+    session.lastState = failed.state;
     if (tellsLoss(failed)) lose(session);
     return failed.failure;
 }
@@ -207,6 +209,35 @@ Result<std::unique_ptr<OdbcResult>> resultOf(const std::shared_ptr<OdbcSession>&
     return result;
 }
 
+Result<std::unique_ptr<OdbcResult>> read(const std::shared_ptr<OdbcSession>& session, const std::string& sql,
+                                         bool byCursor) {
+    readByCursor(*session, byCursor);
+    auto sent = send(*session, sql);
+    if (!sent) return sent.failure();
+    return resultOf(session, std::move(sent.value()));
+}
+
+// No sign in the text could keep what is written behind it from being read.
+bool isOpenAtItsEnd(const std::string& sql) {
+    return sql.find(';') == sql.npos && sql.find("--") == sql.npos && sql.find("/*") == sql.npos;
+}
+
+// The bound could stand where the server wants none: the statement itself is then asked what is wrong with it.
+bool mayBeTheBounds(const OdbcSession& session) {
+    return session.lastState == "42601"; // the standard's syntax error
+}
+
+// A cursor takes a second trip to the server, and most answers are one row: the read is bounded first, and goes by a
+// cursor when it fills a block.
+Result<std::unique_ptr<OdbcResult>> readUnbounded(const std::shared_ptr<OdbcSession>& session, const std::string& sql) {
+    if (session->givesRests && isOpenAtItsEnd(sql)) {
+        auto small = read(session, sql + std::string(session->words->bound) + std::to_string(rowsOfBlock), false);
+        const bool whole = small && small.value()->fetch->isOver();
+        if (whole || (!small && !mayBeTheBounds(*session))) return small;
+    }
+    return read(session, sql, true);
+}
+
 } // namespace
 
 OdbcResult::~OdbcResult() {
@@ -286,10 +317,8 @@ Result<OdbcRows> OdbcConnection::open(const std::string& sql) {
     if (!readsRows(sql)) return refuse("the statement answers no rows");
     if (Status ready = makeReady(*session); !ready) return ready.failure();
     keepAllRests(*session);
-    readByCursor(*session, !session->drawing && !limitsRows(sql));
-    auto sent = send(*session, sql);
-    if (!sent) return sent.failure();
-    auto result = resultOf(session, std::move(sent.value()));
+    const bool unbounded = session->words->cursorAttribute != 0 && !session->drawing && !limitsRows(sql);
+    auto result = unbounded ? readUnbounded(session, sql) : read(session, sql, false);
     if (!result) return result.failure();
     return OdbcRows(std::move(result.value()));
 }

@@ -19,7 +19,9 @@ const std::array rows{
                 {"SET lock_timeout = {waiting}", "SET statement_timeout = {running}"},
                 {"SELECT pg_advisory_xact_lock(hashtext('number registers'))"},
                 "",
-                useDeclareFetch},
+                useDeclareFetch,
+                true,
+                " LIMIT "},
     ServerWords{
         Dialect::sqlServer,
         {"Microsoft SQL Server"},
