@@ -98,7 +98,8 @@ void Connection::close() {
 
 // The statement goes into the journal as the program sent it and, where the engine gets another text, as that one too.
 std::string Connection::textForEngine(std::string_view sql) const {
-    std::string text = rewrite(sql, dialect());
+    const auto server = std::get_if<OdbcConnection>(&engine);
+    std::string text = rewrite(sql, dialect(), server ? &server->requiredColumns() : nullptr);
     if (role != Role::beside && text != sql) journal::record(journal::Channel::engine, text);
     return text;
 }

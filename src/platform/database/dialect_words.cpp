@@ -19,6 +19,7 @@ constexpr DialectWords sqlite{.quotesNames = false,
                               .betweenBases = comma,
                               .like = LikeForm::asItStands,
                               .takesAsBeforeTableAlias = true,
+                              .sortsNullsAsGreatest = false,
                               .marksLiteralsAsNational = false};
 
 // It folds the ASCII letters of a bare name, and its LIKE knows letter case and takes the backslash for an escape.
@@ -30,6 +31,7 @@ constexpr DialectWords postgresql{.quotesNames = true,
                                   .betweenBases = cross,
                                   .like = LikeForm::ilike,
                                   .takesAsBeforeTableAlias = true,
+                                  .sortsNullsAsGreatest = true,
                                   .marksLiteralsAsNational = false};
 
 // TOP, brackets and nested joins are its own words. LIKE stays with its bracket sets: on this server they are the
@@ -43,6 +45,7 @@ constexpr DialectWords sqlServer{.quotesNames = false,
                                  .betweenBases = cross,
                                  .like = LikeForm::asItStands,
                                  .takesAsBeforeTableAlias = true,
+                                 .sortsNullsAsGreatest = false,
                                  .marksLiteralsAsNational = true};
 
 // The marks and nested joins are its own words. It folds the letters of a bare name, and its LIKE knows letter case.
@@ -54,6 +57,7 @@ constexpr DialectWords oracle{.quotesNames = true,
                               .betweenBases = cross,
                               .like = LikeForm::upper,
                               .takesAsBeforeTableAlias = false,
+                              .sortsNullsAsGreatest = false,
                               .marksLiteralsAsNational = false};
 
 // In its session mode LIKE has no escape character; compared by code point it knows letter case. Quoted, no name is a
@@ -66,6 +70,7 @@ constexpr DialectWords mariadb{.quotesNames = true,
                                .betweenBases = cross,
                                .like = LikeForm::upper,
                                .takesAsBeforeTableAlias = true,
+                               .sortsNullsAsGreatest = false,
                                .marksLiteralsAsNational = false};
 
 // In alphabetical order.

@@ -31,6 +31,7 @@ struct DialectWords {
     std::string_view betweenBases; // between the tables of a chain that nothing is joined to
     LikeForm like;                 //
     bool takesAsBeforeTableAlias;  // else the AS there is left out
+    bool sortsNullsAsGreatest;     // else as least, as the suite expects it
     bool marksLiteralsAsNational;  // N'…' where a literal has more than ASCII
 };
 

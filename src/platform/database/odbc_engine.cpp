@@ -25,6 +25,7 @@ struct OdbcSession {
     int waiting = 0, running = 0;
     std::string lastState; // of the last failure
     const ServerWords* words = nullptr;
+    RequiredColumns required;
     std::vector<OdbcResult*> live; // with a cursor on the server
 };
 
@@ -125,10 +126,29 @@ std::string filled(const OdbcSession& session, std::string_view words) {
     return filledWords(words, session.waiting, session.running);
 }
 
-Status beginSession(OdbcSession& session) {
+Status sendSettings(OdbcSession& session) {
     for (std::string_view words : session.words->session)
         if (Status status = run(session, filled(session, words)); !status) return status;
     return done();
+}
+
+Status learnColumns(OdbcSession& session) {
+    session.required = {};
+    if (session.words->requiredColumns.empty()) return done();
+    auto sent = send(session, std::string(session.words->requiredColumns));
+    if (!sent) return sent.failure();
+    OdbcFetch fetch(std::move(sent.value()), session.givesRests);
+    Cells cells;
+    while (!fetch.isOver())
+        if (auto failed = fetch.fetch(cells)) return noted(session, *failed);
+    for (std::size_t i = 0; i + 1 < cells.count(); i += 2)
+        session.required.add(cells.at(i).value_or(""), cells.at(i + 1).value_or(""));
+    return done();
+}
+
+Status beginSession(OdbcSession& session) {
+    if (Status status = sendSettings(session); !status) return status;
+    return learnColumns(session);
 }
 
 void learnDriver(OdbcSession& session) {
@@ -301,7 +321,7 @@ void OdbcConnection::limit(int waiting, int running) {
     if (session->waiting == waiting && session->running == running) return;
     session->waiting = waiting;
     session->running = running;
-    if (session->handle) (void)beginSession(*session); // a session that was lost learns it when it begins anew
+    if (session->handle) (void)sendSettings(*session); // a session that was lost learns it when it begins anew
 }
 
 Status OdbcConnection::execute(const std::string& sql) {
@@ -350,6 +370,10 @@ Status OdbcConnection::end(bool keep) {
     setAttribute(*session, SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON);
     if (!session->words->afterDraw.empty()) (void)ask(*session, filled(*session, session->words->afterDraw));
     return status;
+}
+
+const RequiredColumns& OdbcConnection::requiredColumns() const {
+    return session->required;
 }
 
 Dialect OdbcConnection::dialect() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/database/dialect.hpp"
+#include "platform/database/required_columns.hpp"
 #include "platform/result.hpp"
 
 #include <memory>
@@ -55,6 +56,7 @@ public:
     platform::Status begin();                                // takes the place of the one who draws
     platform::Status end(bool keep);
     Dialect dialect() const;
+    const RequiredColumns& requiredColumns() const; // as they were when the session began
 
 private:
     std::shared_ptr<OdbcSession> session;

@@ -1,5 +1,6 @@
 #include "platform/database/rewriter.hpp"
 
+#include "platform/database/column_order.hpp"
 #include "platform/database/joins.hpp"
 #include "platform/database/selects.hpp"
 #include "platform/database/writer.hpp"
@@ -126,12 +127,40 @@ void writeLimit(Writer& writer, std::string_view limit) {
     if (fetch) writer.out += " ROWS ONLY";
 }
 
+// Where the columns of ORDER BY begin in the SELECT; its end when it has none.
+std::size_t beginOfOrder(const Writer& writer, const Select& select) {
+    std::size_t at = select.whereEnd;
+    while (at < select.end && !isWord(writer.tokens[at], "ORDER")) at = behind(writer.tokens, at);
+    return at + 1 < select.end && isWord(writer.tokens[at + 1], "BY") ? at + 2 : select.end;
+}
+
+// Up to the next comma, LIMIT or FETCH of the level.
+std::size_t endOfExpression(const Writer& writer, std::size_t at, std::size_t end) {
+    while (at < end && !isSign(writer.tokens[at], ',') && !isOneOf(writer.tokens[at], {"LIMIT", "FETCH"}))
+        at = behind(writer.tokens, at);
+    return at;
+}
+
+// GROUP BY, HAVING, ORDER BY
+void writeTail(Writer& writer, const Select& select) {
+    std::size_t at = writer.words.sortsNullsAsGreatest ? beginOfOrder(writer, select) : select.end;
+    writeGapAndPiece(writer, {select.whereEnd, at});
+    while (at < select.end) {
+        const std::size_t end = endOfExpression(writer, at, select.end);
+        writeGapAndPiece(writer, {at, end});
+        writer.out += orderOfNulls(writer, select, at, end);
+        const bool more = end < select.end && isSign(writer.tokens[end], ',');
+        at = more ? end + 1 : select.end;
+        writeGapAndPiece(writer, {end, at});
+    }
+}
+
 std::size_t writeSelect(Writer& writer, const Select& select) {
     auto chain = chainOf(writer, select);
     writeHead(writer, select);
     writeFrom(writer, select, chain);
     writeWhere(writer, select, chain);
-    writeGapAndPiece(writer, {select.whereEnd, select.end});
+    writeTail(writer, select);
     writeLimit(writer, select.limit);
     return select.end;
 }
@@ -162,8 +191,9 @@ bool mayHoldFeature(std::string_view sql, const DialectWords& words) {
 
 } // namespace
 
-std::string rewrite(std::string_view sql, Dialect dialect) {
+std::string rewrite(std::string_view sql, Dialect dialect, const RequiredColumns* required) {
     Writer writer{sql, wordsOf(dialect)};
+    writer.required = required;
     if (!mayHoldFeature(sql, writer.words) || !cutTokens(sql, writer.tokens)) return std::string(sql);
     writer.out.reserve(sql.size() + sql.size() / 4 + 16);
     writeGap(writer, 0);

@@ -6,12 +6,14 @@
 #pragma once
 
 #include "platform/database/dialect.hpp"
+#include "platform/database/required_columns.hpp"
 
 #include <string>
 #include <string_view>
 
 namespace kestrel::database {
 
-std::string rewrite(std::string_view sql, Dialect dialect);
+// required: the columns of the database that can't be null, where that is known.
+std::string rewrite(std::string_view sql, Dialect dialect, const RequiredColumns* required = nullptr);
 
 } // namespace kestrel::database

@@ -17,6 +17,9 @@ const std::array rows{
     ServerWords{Dialect::postgresql,
                 {"PostgreSQL"},
                 {"SET lock_timeout = {waiting}", "SET statement_timeout = {running}"},
+                "SELECT relname, attname FROM pg_attribute JOIN pg_class ON pg_class.oid = attrelid "
+                "WHERE attnotnull AND attnum > 0 AND relkind IN ('r', 'p', 'f') AND pg_table_is_visible(attrelid) "
+                "AND relnamespace <> 'pg_catalog'::regnamespace",
                 {"SELECT pg_advisory_xact_lock(hashtext('number registers'))"},
                 "",
                 useDeclareFetch,
@@ -26,15 +29,17 @@ const std::array rows{
         Dialect::sqlServer,
         {"Microsoft SQL Server"},
         {"SET LOCK_TIMEOUT {waiting}"},
+        "",
         {"DECLARE @taken int; EXEC @taken = sp_getapplock @Resource = 'number registers', @LockMode = "
          "'Exclusive', @LockOwner = 'Session', @LockTimeout = {waiting}; IF @taken < 0 RAISERROR('busy', 16, 1)"},
         "EXEC sp_releaseapplock @Resource = 'number registers', @LockOwner = 'Session'"},
-    ServerWords{Dialect::oracle, {"Oracle"}, {}, {"LOCK TABLE \"A番号情報\" IN EXCLUSIVE MODE"}, ""},
+    ServerWords{Dialect::oracle, {"Oracle"}, {}, "", {"LOCK TABLE \"A番号情報\" IN EXCLUSIVE MODE"}, ""},
     ServerWords{Dialect::mariadb,
                 {"MariaDB", "MySQL"},
                 {"SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,STRICT_ALL_TABLES'",
                  "SET SESSION innodb_lock_wait_timeout = {seconds}",
                  "SET SESSION collation_connection = 'utf8mb4_nopad_bin'"},
+                "",
                 {"SELECT GET_LOCK('number registers', {seconds})"},
                 "SELECT RELEASE_LOCK('number registers')",
                 0,

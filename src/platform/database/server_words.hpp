@@ -16,6 +16,8 @@ struct ServerWords {
     // Sent when a session begins. {waiting} is the time to wait for a row that another holds, {running} the time that a
     // statement may take, both in milliseconds; {seconds} the former in seconds.
     std::vector<std::string_view> session;
+    // Asked when a session begins: table and column of each column that can't be null. Empty: nobody needs to know.
+    std::string_view requiredColumns;
     // Sent at the beginning of a draw: from here to its end no other draw runs. An answer of 0 is a refusal.
     std::vector<std::string_view> draw;
     std::string_view afterDraw; // and behind it, where the end of the transaction doesn't let go by itself

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/database/dialect_words.hpp"
+#include "platform/database/required_columns.hpp"
 #include "platform/database/tokens.hpp"
 
 #include <string>
@@ -15,7 +16,8 @@ struct Writer {
     const DialectWords& words;
     std::vector<Token> tokens{};
     std::string out{};
-    bool inFrom = false; // tables stand there, so an AS is in front of a table's alias
+    const RequiredColumns* required = nullptr; // null: nobody knows which are
+    bool inFrom = false;                       // tables stand there, so an AS is in front of a table's alias
 };
 
 // The blanks and comments in front of a token (or behind the last one), as they stand.

@@ -42,7 +42,7 @@ const Case names[] = {
     {"functions", "SELECT COUNT(*) AS 事業所件数, MAX (連番) FROM M事業所",
      R"(SELECT COUNT(*) AS "事業所件数", MAX ("連番") FROM "M事業所")"},
     {"words in any letter case", "select a from b where c is not null order by d desc",
-     R"(select "a" from "b" where "c" is not null order by "d" desc)"},
+     R"(select "a" from "b" where "c" is not null order by "d" desc NULLS LAST)"},
     {"an alias without AS", "SELECT p.x FROM a p", R"(SELECT "p"."x" FROM "a" "p")"},
     {"the type of a CAST", "SELECT CAST(a AS INTEGER) AS b, CAST((c) AS VARCHAR(8)) FROM d",
      R"(SELECT CAST("a" AS INTEGER) AS "b", CAST(("c") AS VARCHAR(8)) FROM "d")"},
@@ -70,7 +70,7 @@ const Case literals[] = {
 
 const Case limits[] = {
     {"behind everything", "SELECT TOP 1 コード FROM M得意先 WHERE コード < '9' ORDER BY コード DESC",
-     R"(SELECT "コード" FROM "M得意先" WHERE "コード" < '9' ORDER BY "コード" DESC LIMIT 1)"},
+     R"(SELECT "コード" FROM "M得意先" WHERE "コード" < '9' ORDER BY "コード" DESC NULLS LAST LIMIT 1)"},
     {"of a subquery", "SELECT a FROM b WHERE c IN (SELECT TOP 2 d FROM e)",
      R"(SELECT "a" FROM "b" WHERE "c" IN (SELECT "d" FROM "e" LIMIT 2))"},
 };
@@ -99,7 +99,7 @@ const Case joins[] = {
      R"(SELECT "T名簿".* FROM "T名簿" LEFT JOIN "M担当者" ON "M担当者"."コード" = "T名簿"."担当者コード" LEFT JOIN "M部門" ON )"
      R"("M部門"."コード" = "T名簿"."部門コード" WHERE "T名簿"."名簿No" = '1' LIMIT 1)"},
     {"marked", "SELECT a.x FROM b,a WHERE b.k(+) = a.k AND a.y LIKE 'z' ORDER BY a.x",
-     R"(SELECT "a"."x" FROM "a" LEFT JOIN "b" ON "b"."k" = "a"."k" WHERE "a"."y" ILIKE 'z' ESCAPE '' ORDER BY "a"."x")"},
+     R"(SELECT "a"."x" FROM "a" LEFT JOIN "b" ON "b"."k" = "a"."k" WHERE "a"."y" ILIKE 'z' ESCAPE '' ORDER BY "a"."x" NULLS FIRST)"},
     {"marked, with two bases", "SELECT a.x FROM a,b,c WHERE c.k(+)=a.k AND a.k=b.k",
      R"(SELECT "a"."x" FROM "a" CROSS JOIN "b" LEFT JOIN "c" ON "c"."k"="a"."k" WHERE "a"."k"="b"."k")"},
     {"with a comma alone", "SELECT a.x FROM a, b WHERE a.k = b.k",
@@ -124,6 +124,38 @@ const Case wrong[] = {
     {"a literal that doesn't end", "SELECT TOP 1 a FROM [b] WHERE c = 'x", "SELECT TOP 1 a FROM [b] WHERE c = 'x"},
 };
 
+// T.K can't be null; in U a column of that name can.
+const Case orders[] = {
+    {"both ways", "SELECT a FROM T ORDER BY a, b DESC, c ASC",
+     R"(SELECT "a" FROM "T" ORDER BY "a" NULLS FIRST, "b" DESC NULLS LAST, "c" ASC NULLS FIRST)"},
+    {"never null", "SELECT K FROM T ORDER BY K DESC,T.K, [T].[K]",
+     R"(SELECT "K" FROM "T" ORDER BY "K" DESC,"T"."K", "T"."K")"},
+    {"null in another table", "SELECT K FROM U ORDER BY K,T.K,U.K",
+     R"(SELECT "K" FROM "U" ORDER BY "K" NULLS FIRST,"T"."K","U"."K" NULLS FIRST)"},
+    {"of two tables nobody knows", "SELECT K FROM T,U ORDER BY K",
+     R"(SELECT "K" FROM "T","U" ORDER BY "K" NULLS FIRST)"},
+    {"letter case of the name counts", "SELECT k FROM T ORDER BY k", R"(SELECT "k" FROM "T" ORDER BY "k" NULLS FIRST)"},
+    {"in front of the limit", "SELECT TOP 5 a FROM T WHERE b = '1' ORDER BY a DESC",
+     R"(SELECT "a" FROM "T" WHERE "b" = '1' ORDER BY "a" DESC NULLS LAST LIMIT 5)"},
+    {"in front of an own limit", "SELECT a FROM T ORDER BY a LIMIT 5",
+     R"(SELECT "a" FROM "T" ORDER BY "a" NULLS FIRST LIMIT 5)"},
+    {"what is no plain column", "SELECT a FROM T ORDER BY 1, MAX(a) DESC, a || b",
+     R"(SELECT "a" FROM "T" ORDER BY 1, MAX("a") DESC, "a" || "b")"},
+    {"an inner one", "SELECT a FROM (SELECT TOP 1 K FROM T ORDER BY b) c",
+     R"(SELECT "a" FROM (SELECT "K" FROM "T" ORDER BY "b" NULLS FIRST LIMIT 1) "c")"},
+    {"groups are not ordered", "SELECT a FROM T GROUP BY a HAVING a > '1'",
+     R"(SELECT "a" FROM "T" GROUP BY "a" HAVING "a" > '1')"},
+};
+
+class OrdersForPostgresql : public testing::TestWithParam<Case> {};
+
+TEST_P(OrdersForPostgresql, nullsAsTheLeast) {
+    RequiredColumns required;
+    required.add("T", "K");
+    EXPECT_EQ(rewrite(GetParam().from, Dialect::postgresql, &required), GetParam().to);
+    EXPECT_EQ(rewrite(GetParam().from, Dialect::oracle, &required).find(" NULLS "), std::string::npos) << "its own way";
+}
+
 std::string caseName(const testing::TestParamInfo<Case>& info) {
     return std::to_string(info.index);
 }
@@ -133,6 +165,7 @@ INSTANTIATE_TEST_SUITE_P(Literals, RewritesForPostgresql, testing::ValuesIn(lite
 INSTANTIATE_TEST_SUITE_P(Limits, RewritesForPostgresql, testing::ValuesIn(limits), caseName);
 INSTANTIATE_TEST_SUITE_P(Likes, RewritesForPostgresql, testing::ValuesIn(likes), caseName);
 INSTANTIATE_TEST_SUITE_P(Joins, RewritesForPostgresql, testing::ValuesIn(joins), caseName);
+INSTANTIATE_TEST_SUITE_P(Orders, OrdersForPostgresql, testing::ValuesIn(orders), caseName);
 INSTANTIATE_TEST_SUITE_P(Wrong, RewritesForPostgresql, testing::ValuesIn(wrong), caseName);
 
 } // namespace

@@ -1,4 +1,4 @@
-// Where a search by a word on a server is the embedded engine's, and where the server goes its own way.
+// Where a search by a word, and an order, on a server is the embedded engine's, and where the server goes its own way.
 #include "../server.hpp"
 
 #include "scratch.hpp"
@@ -47,6 +47,25 @@ TEST_F(ServerLike, goesItsOwnWayOnLetterCaseBeyondAscii) {
     for (const auto& [word, pattern] : {std::pair("ａｂ", "%Ａ%"), std::pair("É", "é")}) {
         EXPECT_TRUE(finds(server, word, pattern));
         EXPECT_FALSE(finds(file, word, pattern));
+    }
+}
+
+std::string wordsInOrder(database::Connection& connection, const std::string& order) {
+    auto found = connection.open("SELECT TOP 3 Word FROM 語 ORDER BY " + order);
+    EXPECT_TRUE(found) << order;
+    std::string words;
+    for (; found && !found.value().eof(); found.value().moveNext())
+        words += found.value().textOrNull("Word").value_or("NULL") + " ";
+    return words;
+}
+
+TEST_F(ServerLike, nullsStandInFrontOfTheSmallest) {
+    for (database::Connection* connection : {&file, &server}) {
+        ASSERT_TRUE(connection->execute("INSERT INTO 語 (Word) VALUES ('b'),(NULL),('A'),(''),('𠮷'),('ｱ')"));
+        EXPECT_EQ(wordsInOrder(*connection, "Word"), "NULL  A ");
+        EXPECT_EQ(wordsInOrder(*connection, "語.Word DESC"), "𠮷 ｱ b ");
+        ASSERT_TRUE(connection->execute("DELETE FROM 語 WHERE Word > 'B'"));
+        EXPECT_EQ(wordsInOrder(*connection, "Word DESC"), "A  NULL ");
     }
 }
 
