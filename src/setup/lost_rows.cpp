@@ -56,9 +56,9 @@ std::optional<std::size_t> takeStatement(std::string_view text, LostRow& row) {
     std::optional<InsertText> insert;
     auto begin = readFrom(text, places, readInsert, insert);
     if (!begin) begin = readFrom(text, places, readBrokenInsert, insert);
-    row.readable = begin.has_value();
     if (!begin) begin = places.front();
     row.table = tableOfInsert(text.substr(*begin));
+    row.readable = insert && namesKey(*row.table, *insert);
     row.insert = insert ? std::move(*insert) : InsertText{std::string(text.substr(*begin)), "", {}};
     return begin;
 }

@@ -58,12 +58,13 @@ const TypedTable* typedTableNamed(std::string_view name) {
     return found == std::end(typedTables) ? nullptr : found;
 }
 
-bool sameScope(const TypedTable& table, const InsertText& one, const InsertText& other) {
-    return sameIn(table.scope, one, other);
+bool namesKey(const TypedTable& table, const InsertText& insert) {
+    return insert.has(table.number) &&
+           std::ranges::all_of(table.scope, [&](std::string_view name) { return insert.has(name); });
 }
 
 bool sameTypedRow(const TypedTable& table, const InsertText& one, const InsertText& other) {
-    if (!sameScope(table, one, other) || !sameIn(table.names, one, other)) return false;
+    if (!sameIn(table.scope, one, other) || !sameIn(table.names, one, other)) return false;
     return one.value(table.number) == other.value(table.number) || sameIn(table.content, one, other);
 }
 

@@ -28,7 +28,7 @@ struct TypedTable {
 
 const TypedTable* typedTableNamed(std::string_view name); // nothing for any other table
 
-bool sameScope(const TypedTable& table, const InsertText& one, const InsertText& other);
+bool namesKey(const TypedTable& table, const InsertText& insert); // every column of the key stands in the statement
 // One typed row in two statements: all that a person gave it is the same, whatever its number; or it has the same
 // number and the same names, and the later one is the row as it was typed last.
 bool sameTypedRow(const TypedTable& table, const InsertText& one, const InsertText& other);

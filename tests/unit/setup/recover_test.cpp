@@ -351,6 +351,17 @@ TEST_F(RecoverTest, leavesAStatementThatCannotBeRead) {
     EXPECT_TRUE(found.left);
 }
 
+TEST_F(RecoverTest, leavesARowWithoutItsKey) {
+    failed(
+        "INSERT INTO [T名簿明細] ([事業所コード],[番号基準日付],[名簿No],[宛先名称A]) VALUES ('001','2','3','若葉')");
+    failed("INSERT INTO [T名簿明細] ([番号基準日付],[名簿No],[名簿宛先No],[宛先名称A]) VALUES ('2','3','4','若葉')");
+    const Recovery found = apply();
+    ASSERT_EQ(found.lines.size(), 10u) << shown(found);
+    EXPECT_EQ(found.lines[3], "    left to a person");
+    EXPECT_EQ(found.lines[8], "    left to a person");
+    EXPECT_EQ(count(), "0");
+}
+
 TEST_F(RecoverTest, putsAPartnerBackOnlyUnderItsOwnCode) {
     failed(partnerText("000001", "青葉印刷"));
     EXPECT_EQ(outcome(list()), "number 000001 is free");
