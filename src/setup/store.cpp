@@ -1,5 +1,6 @@
 #include "setup/store.hpp"
 
+#include "platform/files.hpp"
 #include "setup/words.hpp"
 
 namespace kestrel::setup {
@@ -32,6 +33,14 @@ Status runAll(Connection& store, const std::vector<std::string>& statements) {
 
 } // namespace
 
+std::string databaseFile(const std::string& root, const std::string& name) {
+    for (const char* ending : {".accdb", ".mdb"}) {
+        const std::string path = root + "/" + name + ending;
+        if (platform::entryAt(path)) return path;
+    }
+    return {};
+}
+
 Result<Connection> openStore(const std::string& path) {
     return database::openConnection("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=\"" + path + "\";",
                                     database::Role::beside);
@@ -59,7 +68,7 @@ Result<Rows> readRows(Connection& store, std::string_view sql) {
 }
 
 Result<std::vector<std::string>> columnNames(Connection& store, std::string_view table) {
-    auto records = store.open("SELECT * FROM " + std::string(table) + " WHERE 1 = 0");
+    auto records = store.openNative("SELECT * FROM " + quoted(table, wordsOf(store.dialect())) + " WHERE 1 = 0");
     if (!records) return records.failure();
     std::vector<std::string> names;
     for (int i = 0; i < records.value().columnCount(); ++i) names.push_back(records.value().columnName(i));

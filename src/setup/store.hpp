@@ -14,6 +14,10 @@ using database::Connection;
 using platform::Result;
 using platform::Status;
 
+// The file of a local database below root, by its name without ending: the suite takes the newer of two formats where
+// both lie side by side. Empty: neither is there.
+std::string databaseFile(const std::string& root, const std::string& name);
+
 // Opens the database file that is there.
 Result<Connection> openStore(const std::string& path);
 // Runs the statements, in the engine's own words, in one transaction (where its family knows none over several
