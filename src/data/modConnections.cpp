@@ -7,6 +7,7 @@
 #include "data/modHistory.hpp"
 #include "entry/msgお待ち.hpp"
 #include "numbering/modOfficeSuite.hpp"
+#include "platform/database/connection_text.hpp"
 #include "platform/database/files.hpp"
 #include "platform/identity.hpp"
 #include "platform/paths.hpp"
@@ -195,11 +196,13 @@ void copyReportFiles(const std::string& extension) {
 }
 
 std::string mainConnectionText() {
-    const std::string head = "Provider=" + installation.providerName + ";User ID=" + installation.databaseUser +
-                             ";Password=" + installation.databasePassword + ";Data Source=";
-    if (installation.databaseKind == "S")
-        return head + installation.serverName + ";Initial Catalog=" + installation.databaseName + ";";
-    return head + installation.dataSourceName + ";";
+    return database::mainConnectionText({.kind = installation.databaseKind,
+                                         .provider = installation.providerName,
+                                         .user = installation.databaseUser,
+                                         .password = installation.databasePassword,
+                                         .dataSource = installation.dataSourceName,
+                                         .server = installation.serverName,
+                                         .catalog = installation.databaseName});
 }
 
 bool isKnownKind() {

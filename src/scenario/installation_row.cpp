@@ -28,9 +28,13 @@ std::vector<std::string> readRow() {
 }
 
 std::string joinedText(const std::vector<std::string>& row) {
-    const std::string user = "Provider=" + row[1] + ";User ID=" + row[2] + ";Password=" + row[3] + ";";
-    if (row[0] == "S") return user + "Data Source=" + row[5] + ";Initial Catalog=" + row[6] + ";";
-    return user + "Data Source=" + row[4] + ";";
+    return database::mainConnectionText({.kind = row[0],
+                                         .provider = row[1],
+                                         .user = row[2],
+                                         .password = row[3],
+                                         .dataSource = row[4],
+                                         .server = row[5],
+                                         .catalog = row[6]});
 }
 
 } // namespace

@@ -1,7 +1,8 @@
-// The words behind "kestrel-setup create" and "kestrel-setup recover".
+// The words behind "kestrel-setup create", "kestrel-setup move" and "kestrel-setup recover".
 #pragma once
 
-#include "setup/installation.hpp"
+#include "setup/create.hpp"
+#include "setup/move.hpp"
 
 #include <optional>
 #include <string>
@@ -9,15 +10,12 @@
 
 namespace kestrel::setup {
 
-struct CreateRequest {
-    std::string folder;
-    What what = What::full;
-    std::string day; // as typed
-};
-
-// DIR [--minimal | --full] [--day YYYYMMDD], in any order; today stands for a day that isn't given. Nothing when the
-// words make no sense.
+// DIR [--minimal | --full] [--day YYYYMMDD] [--main TEXT [--kind KIND]], in any order; today stands for a day that
+// isn't given. Nothing when the words make no sense.
 std::optional<CreateRequest> readCreateRequest(const std::vector<std::string>& words, const std::string& today);
+
+// DIR --main TEXT [--kind KIND] [--leave-unknown], in any order. Nothing when the words make no sense.
+std::optional<MoveRequest> readMoveRequest(const std::vector<std::string>& words);
 
 struct RecoverRequest {
     std::string folder;

@@ -1,6 +1,8 @@
 #include "setup/check.hpp"
 
 #include "setup/installation.hpp"
+#include "setup/main_place.hpp"
+#include "setup/server_target.hpp"
 #include "setup/store.hpp"
 #include "setup/tables.hpp"
 #include "text/numbers.hpp"
@@ -108,24 +110,25 @@ void checkClasses(Connection& store, Lines& lines) {
     }
 }
 
-std::string joinedParts(const Row& row, const Column& column) {
-    std::string text;
-    for (const std::string& part : column.parts) text += textOf(row, part);
-    return text;
-}
-
-// Fails, and so stays silent, where a column is missing: that has its own line.
-Result<Rows> readParts(Connection& store, const Table& table, const Column& column) {
+std::string selectParts(const Table& table, const Column& column) {
     std::string sql = "SELECT " + column.name;
     for (const std::string& part : column.parts) sql += "," + part;
-    return readRows(store, sql + " FROM " + table.name);
+    return sql + " FROM " + table.name;
 }
 
+// Column 0 of the present row is the joined text, the others are its parts.
+bool isJoined(const database::RecordSet& records) {
+    std::string joined;
+    for (int i = 1; i < records.columnCount(); ++i) joined += records.view(i).value_or("");
+    return records.view(0) == joined;
+}
+
+// Stays silent where a column is missing: that has its own line.
 void checkJoined(Connection& store, const Table& table, const Column& column, Lines& lines) {
-    const auto rows = readParts(store, table, column);
-    if (!rows) return;
-    const auto wrong = std::ranges::count_if(
-        rows.value(), [&](const Row& row) { return row.get(column.name) != joinedParts(row, column); });
+    auto records = store.open(selectParts(table, column));
+    if (!records) return;
+    std::size_t wrong = 0;
+    for (; !records.value().eof(); records.value().moveNext()) wrong += isJoined(records.value()) ? 0 : 1;
     if (wrong) {
         lines.push_back(table.name + "." + column.name + " is not the joined text in " + std::to_string(wrong) +
                         " rows");
@@ -179,18 +182,27 @@ void checkMain(Connection& main, Connection& local, Lines& lines) {
     checkMember(main, local, lines);
 }
 
-// The file of the main database; empty where there is none to look into, with a line that says why.
-std::string mainDatabase(const Row& definition, Lines& lines) {
-    const std::string kind = textOf(definition, "db"), provider = textOf(definition, "プロバイダ名");
-    if (kind != "A" && kind != "S" && kind != "O") lines.push_back("データベース定義: unknown database kind " + kind);
-    if (provider != "Microsoft.ACE.OLEDB.12.0" && provider != "Microsoft.Jet.OLEDB.4.0") {
-        lines.push_back("the main database is on a server and was not looked into");
-        return {};
-    }
-    const std::string path = textOf(definition, kind == "S" ? "サーバー名" : "データソース名");
-    if (fs::is_regular_file(path)) return path;
+std::optional<Connection> openMainFile(const MainDefinition& definition, Lines& lines) {
+    const std::string path = database::connectionValue(database::mainConnectionText(definition), "Data Source");
+    if (fs::is_regular_file(path)) return openChecked(path, lines);
     lines.push_back("the main database " + path + " is missing");
-    return {};
+    return std::nullopt;
+}
+
+std::optional<Connection> openMainServer(const MainDefinition& definition, Lines& lines) {
+    auto main = openMain(definition, {.connectionTimeout = secondsForServer});
+    if (!main) {
+        lines.push_back("the main database on the server can't be opened: " + main.failure().description);
+        return std::nullopt;
+    }
+    if (Status status = refuseOrder(main.value()); !status) lines.push_back(status.failure().description);
+    return std::move(main.value());
+}
+
+// The main database; nothing where there is none to look into, with a line that says why.
+std::optional<Connection> openDefined(const MainDefinition& definition, Lines& lines) {
+    if (!isKnownKind(definition.kind)) lines.push_back("データベース定義: unknown database kind " + definition.kind);
+    return namesFile(definition) ? openMainFile(definition, lines) : openMainServer(definition, lines);
 }
 
 void checkDatabases(const std::string& root, Lines& lines) {
@@ -200,11 +212,9 @@ void checkDatabases(const std::string& root, Lines& lines) {
     if (!local) return;
     checkTables(*local, "local", lines);
     for (const RequiredRow& row : localRows) checkRequiredRow(*local, row, lines);
-    const Row definition = firstRow(*local, selectRow(localRows[0]));
-    if (!thereIs(definition)) return;
-    const std::string mainPath = mainDatabase(definition, lines);
-    if (mainPath.empty()) return;
-    if (auto main = openChecked(mainPath, lines)) checkMain(*main, *local, lines);
+    const auto definition = readMainDefinition(root);
+    if (!definition) return;
+    if (auto main = openDefined(definition.value(), lines)) checkMain(*main, *local, lines);
 }
 
 } // namespace
@@ -214,7 +224,11 @@ std::vector<std::string> checkInstallation(std::string_view folder) {
     if (!fs::is_directory(root)) return {"there is no folder " + root};
     Lines lines;
     checkTree(root, lines);
-    checkDatabases(root, lines);
+    try {
+        checkDatabases(root, lines);
+    } catch (const database::DatabaseError& error) {
+        lines.push_back(std::string("a database can't be read to its end: ") + error.what());
+    }
     return lines;
 }
 

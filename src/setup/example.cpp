@@ -1,7 +1,7 @@
 #include "setup/example.hpp"
 
 #include "setup/demonstration.hpp"
-#include "setup/installation.hpp"
+#include "setup/main_place.hpp"
 #include "setup/store.hpp"
 
 namespace kestrel::setup {
@@ -18,7 +18,9 @@ std::string selectBaseDate() {
 } // namespace
 
 Result<std::string> exampleCommandLine(std::string_view folder) {
-    const auto rows = readStore(std::string(folder) + "/" + mainFile, selectBaseDate());
+    auto main = openMainStore(std::string(folder));
+    if (!main) return main.failure();
+    const auto rows = readRows(main.value(), selectBaseDate());
     if (!rows) return rows.failure();
     if (rows.value().empty())
         return platform::Failure{0, std::string(folder) + " holds no example: it has no demonstration data"};

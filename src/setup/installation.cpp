@@ -6,6 +6,7 @@
 #include "setup/main_database.hpp"
 #include "setup/manual.hpp"
 #include "setup/rows.hpp"
+#include "setup/server_target.hpp"
 #include "setup/store.hpp"
 #include "text/dates.hpp"
 
@@ -63,17 +64,27 @@ std::vector<std::string> localStatements(const Rows& rows) {
     return statements;
 }
 
-// All five begin as the same empty database; making one costs several waits for the disk, copying it none.
-Status createDatabases(const std::string& root, const Rows& rows) {
-    const std::string empty = root + "/" + emptyFiles[0];
+// All begin as the same empty database; making one costs several waits for the disk, copying it none.
+Status makeFiles(const std::string& root, const std::vector<const char*>& names) {
+    const std::string empty = root + "/" + names.front();
     if (Status status = database::createDatabase(empty); !status) return status;
-    for (const char* name : {emptyFiles[1], emptyFiles[2], mainFile, localFile}) {
-        fs::copy_file(empty, root + "/" + name);
-    }
+    for (std::size_t i = 1; i < names.size(); ++i) fs::copy_file(empty, root + "/" + names[i]);
+    return platform::done();
+}
+
+Status fillMainFile(const std::string& root, const Rows& rows) {
     auto main = openStore(root + "/" + mainFile);
-    if (!main) return main.failure();
-    if (Status status = fillMainDatabase(main.value(), rows); !status) return status;
-    return changeStore(root + "/" + localFile, localStatements(rows));
+    return main ? fillMainDatabase(main.value(), rows) : Status(main.failure());
+}
+
+// The server comes last: what fails before that has not touched it.
+Status createDatabases(const std::string& root, const Rows& rows, ServerTarget* server) {
+    std::vector<const char*> names(std::begin(emptyFiles), std::end(emptyFiles));
+    names.push_back(localFile);
+    if (!server) names.push_back(mainFile);
+    if (Status status = makeFiles(root, names); !status) return status;
+    if (Status status = changeStore(root + "/" + localFile, localStatements(rows)); !status) return status;
+    return server ? fillMainDatabase(server->store, rows) : fillMainFile(root, rows);
 }
 
 Status refuseOpened(const fs::path& from) {
@@ -113,11 +124,13 @@ Status refuseDay(std::string_view day) {
     return platform::Failure{0, std::string(day) + " is no date of the form YYYYMMDD"};
 }
 
-Status fill(const std::string& root, What what, std::string_view day, std::string_view program) {
+Status fill(const std::string& root, What what, std::string_view day, std::string_view program, ServerTarget* server) {
     makeTree(root);
     placeProgram(root, program);
     if (Status status = placeManual(root); !status) return status;
-    return createDatabases(root, installationRows(what, {root, std::string(day)}));
+    Rows rows = installationRows(what, {root, std::string(day)});
+    if (server) layOver(rows, definitionRow(server->definition, server->store.dialect()));
+    return createDatabases(root, rows, server);
 }
 
 Status copyInto(const std::string& root, std::string_view from) {
@@ -155,12 +168,13 @@ Status nameDocumentFolder(database::Connection& main, std::string_view root) {
     return main.execute(redirectDocuments(root));
 }
 
-Status createInstallation(std::string_view folder, What what, std::string_view day, std::string_view program) {
+Status createInstallation(std::string_view folder, What what, std::string_view day, std::string_view program,
+                          ServerTarget* server) {
     return guarded([&]() -> Status {
         const std::string root = absoluteFolder(folder);
         if (Status status = refuseDay(day); !status) return status;
         if (Status status = refuseFilled(root); !status) return status;
-        return wholeOrNothing(root, [&] { return fill(root, what, day, program); });
+        return wholeOrNothing(root, [&] { return fill(root, what, day, program, server); });
     });
 }
 

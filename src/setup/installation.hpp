@@ -11,6 +11,8 @@
 
 namespace kestrel::setup {
 
+struct ServerTarget;
+
 enum class What {
     minimal, // the rows without which the program does not start
     full,    // and the demonstration data
@@ -24,10 +26,11 @@ inline constexpr const char* manualFile = "manual/連絡台帳入力.doc"; // th
 
 // Makes an installation in folder, which must be empty or not there yet. day: "yyyymmdd"; the demonstration data are
 // counted from it, and the same day gives the same rows. program: the file to become prgbin/連絡台帳入力; empty puts a
-// small text file in its place, for those who bring the program along themselves. Fails with one clear line; what was
-// made by then is taken away again.
+// small text file in its place, for those who bring the program along themselves. server: the database on a server that
+// becomes the main database, in place of the file, which is then not made. Fails with one clear line; what was made by
+// then is taken away again (the caller takes back the server's database itself).
 platform::Status createInstallation(std::string_view folder, What what, std::string_view day,
-                                    std::string_view program = {});
+                                    std::string_view program = {}, ServerTarget* server = nullptr);
 
 // The rows of a new installation, of both databases.
 Rows installationRows(What what, const Place& place);

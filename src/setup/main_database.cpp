@@ -22,22 +22,6 @@ std::vector<std::string> fillStatements(Connection& store, const Rows& rows) {
     return statements;
 }
 
-// Whoever may make tables in a database may add this extension, where it is installed. Without it the tables serve all
-// the same, so a refusal is no failure.
-void allowSearches(Connection& store) {
-    if (store.dialect() == Dialect::postgresql) {
-        (void)store.executeNative("CREATE EXTENSION IF NOT EXISTS pg_trgm");
-    }
-}
-
-Status refuseTables(Connection& store) {
-    const auto present = ownTables(store);
-    if (!present) return present.failure();
-    if (present.value().empty()) return platform::done();
-    return platform::Failure{0,
-                             "the database already has the table " + present.value().front() + "; nothing was changed"};
-}
-
 // Some servers keep each table as soon as it is made, whatever becomes of the rest.
 void takeAway(Connection& store) {
     if (const auto left = ownTables(store)) (void)dropTables(store, left.value());
@@ -46,11 +30,17 @@ void takeAway(Connection& store) {
 } // namespace
 
 Status fillMainDatabase(Connection& store, const Rows& rows) {
-    if (Status status = refuseTables(store); !status) return status;
+    if (Status status = refuseOwnTables(store); !status) return status;
     allowSearches(store);
     Status status = runTogether(store, fillStatements(store, rows));
     if (!status) takeAway(store);
     return status;
+}
+
+void allowSearches(Connection& store) {
+    if (store.dialect() == Dialect::postgresql) {
+        (void)store.executeNative("CREATE EXTENSION IF NOT EXISTS pg_trgm");
+    }
 }
 
 bool searchesAreIndexed(Connection& store) {
@@ -80,6 +70,14 @@ Result<std::vector<std::string>> ownTables(Connection& store) {
         if (table.database == "main" && found) own.push_back(table.name);
     }
     return own;
+}
+
+Status refuseOwnTables(Connection& store) {
+    const auto present = ownTables(store);
+    if (!present) return present.failure();
+    if (present.value().empty()) return platform::done();
+    return platform::Failure{0,
+                             "the database already has the table " + present.value().front() + "; nothing was changed"};
 }
 
 Status dropTables(Connection& store, const std::vector<std::string>& names) {

@@ -1,7 +1,7 @@
 #include "setup/recover.hpp"
 
 #include "platform/files.hpp"
-#include "setup/main_store.hpp"
+#include "setup/main_place.hpp"
 #include "setup/put_back.hpp"
 
 #include <algorithm>

@@ -1,13 +1,14 @@
-// "kestrel-setup recover" as a person calls it.
+// What "kestrel-setup recover" tells a person.
 #pragma once
 
-#include <string>
-#include <vector>
+#include "setup/recover.hpp"
+
+#include <ostream>
 
 namespace kestrel::setup {
 
-// words: DIR [--apply]; anything else shows the usage. Rows go to the standard output, troubles to the standard error.
-// The exit status: 0 nothing waits, or all of it was put back; 1 trouble; 2 something waits.
-int runRecover(const std::vector<std::string>& words, const char* usage);
+// Rows go to out, troubles to complaints. Answers the exit status: 0 nothing waits, or all of it was put back; 1
+// trouble; 2 something waits.
+int showRecovery(const Recovery& recovery, std::ostream& out, std::ostream& complaints);
 
 } // namespace kestrel::setup

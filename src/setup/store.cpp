@@ -68,7 +68,7 @@ Result<Rows> readRows(Connection& store, std::string_view sql) {
 }
 
 Result<std::vector<std::string>> columnNames(Connection& store, std::string_view table) {
-    auto records = store.open("SELECT * FROM " + std::string(table) + " WHERE 1 = 0");
+    auto records = store.openNative("SELECT * FROM " + quoted(table, wordsOf(store.dialect())) + " WHERE 1 = 0");
     if (!records) return records.failure();
     std::vector<std::string> names;
     for (int i = 0; i < records.value().columnCount(); ++i) names.push_back(records.value().columnName(i));

@@ -23,6 +23,7 @@ constexpr Words sqlite{.dialect = Dialect::sqlite,
                        .textOpening = "'",
                        .rowsOfOneInsert = 100,
                        .partsOfText = nullptr,
+                       .middleware = "ACCESS",
                        .begin = "BEGIN",
                        .objects = "SELECT name FROM sqlite_master WHERE type IN ('table','view')"};
 
@@ -40,6 +41,7 @@ constexpr Words postgresql{.dialect = Dialect::postgresql,
                            .textOpening = "'",
                            .rowsOfOneInsert = 500,
                            .partsOfText = "% gin_trgm_ops",
+                           .middleware = "POSTGRESQL",
                            .begin = "BEGIN",
                            .objects = "SELECT relname AS name FROM pg_class WHERE relkind IN ('r','p','v','m','f') "
                                       "AND relnamespace = (SELECT oid FROM pg_namespace WHERE nspname = "
@@ -59,6 +61,7 @@ constexpr Words sqlServer{.dialect = Dialect::sqlServer,
                           .textOpening = "N'",
                           .rowsOfOneInsert = 500,
                           .partsOfText = nullptr,
+                          .middleware = "SQLSERVER",
                           .begin = "BEGIN TRANSACTION",
                           .objects = "SELECT name FROM sys.objects WHERE type IN ('U','V') AND schema_id = "
                                      "SCHEMA_ID()"};
@@ -77,6 +80,7 @@ constexpr Words oracle{.dialect = Dialect::oracle,
                        .textOpening = "'",
                        .rowsOfOneInsert = 1,
                        .partsOfText = nullptr,
+                       .middleware = "ORACLE",
                        .begin = nullptr,
                        .objects = "SELECT object_name AS \"name\" FROM user_objects WHERE object_type IN "
                                   "('TABLE','VIEW')"};
@@ -95,6 +99,7 @@ constexpr Words mariadb{.dialect = Dialect::mariadb,
                         .textOpening = "'",
                         .rowsOfOneInsert = 500,
                         .partsOfText = nullptr,
+                        .middleware = "MARIADB",
                         .begin = "BEGIN",
                         .objects = "SELECT table_name AS name FROM information_schema.tables WHERE table_schema = "
                                    "DATABASE()"};
@@ -112,7 +117,7 @@ std::string quoted(std::string_view name, const Words& words) {
     return words.nameQuotes.front() + std::string(name) + words.nameQuotes.back();
 }
 
-std::string literal(const std::optional<std::string>& value, const Words& words) {
+std::string literal(std::optional<std::string_view> value, const Words& words) {
     if (!value) return "NULL";
     std::string text = words.textOpening;
     for (const char c : *value) text.append(c == '\'' ? 2 : 1, c);

@@ -26,6 +26,7 @@ struct Words {
     const char* textOpening;     // of a literal
     std::size_t rowsOfOneInsert; // how many rows one INSERT may hold
     const char* partsOfText;     // an index that finds a part of a text: %: one column; nothing where there is none
+    const char* middleware;      // how an installation's configuration names such a server
     const char* begin;           // of a transaction; nothing where every statement stands alone
     const char* objects;         // SELECT of the names of all tables and views that a new table would stand among
 };
@@ -34,7 +35,7 @@ const Words& wordsOf(database::Dialect dialect);
 
 std::string quoted(std::string_view name, const Words& words);
 // The value as a literal; nothing is NULL.
-std::string literal(const std::optional<std::string>& value, const Words& words);
+std::string literal(std::optional<std::string_view> value, const Words& words);
 // The pattern with every "%" replaced.
 std::string filledPattern(std::string_view pattern, std::string_view text);
 

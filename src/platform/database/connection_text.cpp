@@ -53,4 +53,20 @@ std::string connectionValue(std::string_view text, std::string_view key) {
     return found;
 }
 
+std::string pairValue(std::string_view value) {
+    const bool plain = trimmed(value) == value && value.find(';') == value.npos &&
+                       (value.empty() || (value.front() != '"' && value.front() != '\''));
+    if (plain) return std::string(value);
+    std::string text = "\"";
+    for (const char c : value) text.append(c == '"' ? 2 : 1, c);
+    return text + "\"";
+}
+
+std::string mainConnectionText(const MainDefinition& definition) {
+    const std::string head = "Provider=" + definition.provider + ";User ID=" + definition.user +
+                             ";Password=" + definition.password + ";Data Source=";
+    if (definition.kind == "S") return head + definition.server + ";Initial Catalog=" + definition.catalog + ";";
+    return head + definition.dataSource + ";";
+}
+
 } // namespace kestrel::database

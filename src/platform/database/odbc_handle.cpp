@@ -21,7 +21,7 @@ template <std::size_t size> std::string written(const std::array<SQLWCHAR, size>
 std::string asOneLine(std::string text) {
     while (!text.empty() && (text.back() == '\n' || text.back() == '\r' || text.back() == ' ')) text.pop_back();
     std::ranges::replace_if(
-        text, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+        text, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
     return text;
 }
 

@@ -50,11 +50,7 @@ Status run(Connection& server, const char* Words::*pattern, std::string_view nam
 }
 
 void addPair(std::string& text, std::string_view key, const std::string& value) {
-    const bool plain = value.find_first_of(";'\"") == value.npos && !value.starts_with(' ') && !value.ends_with(' ');
-    text += std::string(key) + "=";
-    if (!plain) text += '"';
-    for (const char c : value) text.append(c == '"' ? 2 : 1, c);
-    text += plain ? ";" : "\";";
+    text += std::string(key) + "=" + pairValue(value) + ";";
 }
 
 } // namespace

@@ -39,6 +39,30 @@ TEST(ConnectionText, readsPairs) {
     for (const auto& c : cases) EXPECT_EQ(connectionValue(c.text, c.key), c.value) << c.text;
 }
 
+TEST(ConnectionText, aValueIsReadBackAsItWas) {
+    for (const char* value :
+         {"", "a", "a b", "a=b", " a", "a ", ";", "a;b", "\"", "'a'", "\"a;\"b", "a\"b", "青 い;"}) {
+        const std::string text = "X=1;Password=" + database::pairValue(value) + ";Data Source=d;";
+        EXPECT_EQ(connectionValue(text, "Password"), value) << text;
+        EXPECT_EQ(connectionValue(text, "Data Source"), "d") << text;
+    }
+    EXPECT_EQ(database::pairValue("a b"), "a b");
+    EXPECT_EQ(database::pairValue("a;\"b"), "\"a;\"\"b\"");
+}
+
+TEST(ConnectionText, isJoinedFromTheRowByItsKind) {
+    database::MainDefinition row{
+        .kind = "A", .provider = "p", .user = "u", .password = "w", .dataSource = "d", .server = "s", .catalog = "c"};
+    const std::string byFile = "Provider=p;User ID=u;Password=w;Data Source=d;";
+    EXPECT_EQ(database::mainConnectionText(row), byFile);
+    row.kind = "O";
+    EXPECT_EQ(database::mainConnectionText(row), byFile);
+    row.kind = "S";
+    EXPECT_EQ(database::mainConnectionText(row), "Provider=p;User ID=u;Password=w;Data Source=s;Initial Catalog=c;");
+    row.catalog.clear();
+    EXPECT_EQ(database::mainConnectionText(row), "Provider=p;User ID=u;Password=w;Data Source=s;Initial Catalog=;");
+}
+
 class OpenConnection : public testing::Test {
 protected:
     Scratch scratch;

@@ -41,4 +41,39 @@ TEST(ArgumentsTest, recoverTakesAFolderAndAtMostOneWord) {
     EXPECT_FALSE(readRecoverRequest({"place", "--all"}));
 }
 
+TEST(ArgumentsTest, aServerIsNamedByItsConnectionText) {
+    auto request = readCreateRequest({"place", "--main", "Provider=P;"}, "20240515");
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->mainText, "Provider=P;");
+    EXPECT_EQ(request->kind, "S");
+    request = readCreateRequest({"--kind", "O", "--main", "Provider=P;", "place"}, "20240515");
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->kind, "O");
+    EXPECT_TRUE(readCreateRequest({"place"}, "20240515")->mainText.empty());
+}
+
+TEST(ArgumentsTest, aMoveNamesFolderAndServer) {
+    auto request = readMoveRequest({"place", "--main", "Provider=P;"});
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->folder, "place");
+    EXPECT_EQ(request->mainText, "Provider=P;");
+    EXPECT_EQ(request->kind, "S");
+    EXPECT_FALSE(request->leaveUnknown);
+    request = readMoveRequest({"--leave-unknown", "--kind", "A", "--main", "Provider=P;", "place"});
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->kind, "A");
+    EXPECT_TRUE(request->leaveUnknown);
+}
+
+TEST(ArgumentsTest, aMoveThatMakesNoSenseIsRefused) {
+    const std::vector<std::string> wrong[] = {{},
+                                              {"a"},
+                                              {"--main", "P"},
+                                              {"a", "--main"},
+                                              {"a", "--main", ""},
+                                              {"a", "b", "--main", "P"},
+                                              {"a", "--main", "P", "--full"}};
+    for (const auto& words : wrong) EXPECT_FALSE(readMoveRequest(words));
+}
+
 } // namespace kestrel::setup

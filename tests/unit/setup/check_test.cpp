@@ -109,8 +109,11 @@ TEST_F(CheckTest, missingRows) {
 
 TEST_F(CheckTest, unknownKindAndServers) {
     EXPECT_EQ(afterLocal("UPDATE データベース定義 SET db = 'X'"), Lines{"データベース定義: unknown database kind X"});
-    EXPECT_EQ(afterLocal("UPDATE データベース定義 SET db = 'S', プロバイダ名 = 'SQLOLEDB'"),
-              Lines{"the main database is on a server and was not looked into"});
+    const Lines lines = afterLocal("UPDATE データベース定義 SET db = 'S', プロバイダ名 = 'PostgreSQL', "
+                                   "サーバー名 = '/nowhere', データベース名 = 'x', パスワード = 'geheim'");
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_TRUE(lines[0].starts_with("the main database on the server can't be opened: ")) << lines[0];
+    EXPECT_EQ(lines[0].find("geheim"), std::string::npos) << lines[0];
 }
 
 TEST_F(CheckTest, classesHaveToBeConsecutiveFromZero) {

@@ -31,7 +31,7 @@ TEST_F(ExampleTest, isOfTheLatestYearWhereSeveralHaveTheNumber) {
 TEST_F(ExampleTest, isMissedByNameWhereThereIsNone) {
     const std::string root = make("a", What::minimal);
     EXPECT_EQ(lineOf(root), "fails: " + root + " holds no example: it has no demonstration data");
-    EXPECT_EQ(lineOf(at("none")), "fails: there is no database file " + at("none") + "/" + mainFile);
+    EXPECT_EQ(lineOf(at("none")), "fails: " + at("none") + " holds no configuration conf/usrcnfg");
 }
 
 } // namespace kestrel::setup
