@@ -19,9 +19,9 @@ template <std::size_t size> std::string written(const std::array<SQLWCHAR, size>
 
 // Drivers end their descriptions with line feeds, and break them in the midst.
 std::string asOneLine(std::string text) {
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r' || text.back() == ' ')) text.pop_back();
-    std::ranges::replace_if(
-        text, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+    const auto breaks = [](char c) { return c == '\n' || c == '\r' || c == '\t'; };
+    std::ranges::replace_if(text, breaks, ' ');
+    text.erase(text.find_last_not_of(' ') + 1);
     return text;
 }
 

@@ -427,7 +427,7 @@ TEST_F(RecoverTest, saysWhatIsGone) {
               "!the main database can't be opened: there is no database file " + root + "/" + mainFile + "\n");
     std::filesystem::remove(root + "/" + localFile);
     const std::string path = note(rowText({}));
-    EXPECT_EQ(shown(apply()), "!the main database can't be opened: there is no local database in " + root + "/conf\n");
+    EXPECT_EQ(shown(apply()), "!the main database can't be opened: " + root + " holds no configuration conf/usrcnfg\n");
     EXPECT_TRUE(platform::fileExists(path));
 }
 
@@ -438,7 +438,8 @@ TEST_F(RecoverTest, refusesAKindThatNobodyKnows) {
     change(root, localFile, "UPDATE データベース定義 SET db = 'S', データソース名 = 'nowhere'");
     EXPECT_EQ(outcome(list()), "number 000002 is free");
     change(root, localFile, "DELETE FROM データベース定義");
-    EXPECT_EQ(shown(list()), "!the main database can't be opened: データベース定義 has no row GNR\n");
+    EXPECT_EQ(shown(list()),
+              "!the main database can't be opened: " + root + "/" + localFile + ": データベース定義 has no row GNR\n");
 }
 
 } // namespace kestrel::setup
