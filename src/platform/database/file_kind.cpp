@@ -2,10 +2,11 @@
 
 #include <array>
 #include <cerrno>
-#include <fcntl.h>
+#include <cstddef>
+#include <sqlite3.h>
 #include <string_view>
 #include <sys/stat.h>
-#include <unistd.h>
+#include <vector>
 
 namespace kestrel::database {
 
@@ -22,6 +23,38 @@ FileKind kindOfHead(std::string_view head) {
     return head.starts_with(accessHead) || head.starts_with(jetHead) ? FileKind::access : FileKind::other;
 }
 
+// Opened and closed through the engine: to the kernel every closing of a file ends all locks that the process has on
+// it, so a look at a database that this process has open would take its locks away. The engine knows of them and waits.
+class Look {
+public:
+    explicit Look(const std::string& path)
+        : vfs(sqlite3_vfs_find(nullptr)), memory(static_cast<std::size_t>(vfs->szOsFile)),
+          name(sqlite3_create_filename(path.c_str(), "", "", 0, nullptr)) {
+        opened = vfs->xOpen(vfs, name, file(), SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB, nullptr) == SQLITE_OK;
+    }
+    Look(const Look&) = delete;
+    Look& operator=(const Look&) = delete;
+    ~Look() {
+        if (file()->pMethods) file()->pMethods->xClose(file());
+        sqlite3_free_filename(name);
+    }
+    bool isOpen() const { return opened; }
+    // The first bytes; zeros where the file ends earlier.
+    std::array<char, 32> head() {
+        std::array<char, 32> bytes{};
+        file()->pMethods->xRead(file(), bytes.data(), bytes.size(), 0);
+        return bytes;
+    }
+
+private:
+    sqlite3_file* file() { return reinterpret_cast<sqlite3_file*>(memory.data()); }
+
+    sqlite3_vfs* vfs;
+    std::vector<std::max_align_t> memory; // more than the engine's own structure needs
+    sqlite3_filename name;
+    bool opened = false;
+};
+
 } // namespace
 
 FileKind fileKind(const std::string& path) {
@@ -29,12 +62,10 @@ FileKind fileKind(const std::string& path) {
     if (stat(path.c_str(), &about) != 0) return errno == EACCES ? FileKind::unreadable : FileKind::missing;
     if (S_ISDIR(about.st_mode)) return FileKind::folder;
     if (!S_ISREG(about.st_mode)) return FileKind::other; // a pipe would keep the reader waiting
-    int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) return FileKind::unreadable;
-    std::array<char, 32> head{};
-    auto length = read(file, head.data(), head.size());
-    close(file);
-    return kindOfHead(std::string_view(head.data(), length < 0 ? 0 : static_cast<std::size_t>(length)));
+    Look look(path);
+    if (!look.isOpen()) return FileKind::unreadable;
+    const auto head = look.head();
+    return kindOfHead(std::string_view(head.data(), head.size()));
 }
 
 } // namespace kestrel::database

@@ -1,8 +1,11 @@
+#include "other_process.hpp"
 #include "scratch.hpp"
 
+#include "platform/database/file_kind.hpp"
 #include "platform/database/sqlite_handle.hpp"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
 
 namespace kestrel::test {
@@ -114,6 +117,25 @@ TEST(JournalMode, isNotTheLogOnAFileShare) {
     for (long local : {0xEF53L, 0x58465342L, 0x9123683EL, 0x01021994L, 0x794C7630L})
         EXPECT_FALSE(database::isFileShare(local)) << std::hex << local;
     EXPECT_TRUE(database::isFileShare(static_cast<long>(static_cast<int>(0xFF534D42)))) << "as a signed number";
+}
+
+bool isLockedByAnother(const std::string& path) {
+    const int file = ::open(path.c_str(), O_RDWR);
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    const bool asked = fcntl(file, F_GETLK, &lock) == 0;
+    ::close(file);
+    return asked && lock.l_type != F_UNLCK;
+}
+
+// A process that closes a file loses all its locks on it, whoever of it took them.
+TEST_F(DatabaseFiles, aLookAtAnOpenDatabaseLeavesItsLocks) {
+    database::Connection connection = newDatabase(path);
+    run(connection, {"CREATE TABLE a (b)", "INSERT INTO a VALUES (1), (2)"});
+    auto rows = connection.open("SELECT * FROM a");
+    ASSERT_TRUE(OtherProcess([&] { return isLockedByAnother(path); }).answer());
+    EXPECT_EQ(database::fileKind(path), database::FileKind::sqlite);
+    EXPECT_TRUE(OtherProcess([&] { return isLockedByAnother(path); }).answer());
 }
 
 } // namespace
