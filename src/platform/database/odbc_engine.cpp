@@ -135,7 +135,7 @@ Status learnColumns(OdbcSession& session) {
     if (session.words->requiredColumns.empty()) return done();
     auto sent = send(session, std::string(session.words->requiredColumns));
     if (!sent) return sent.failure();
-    OdbcFetch fetch(std::move(sent.value()), session.givesRests);
+    OdbcFetch fetch(std::move(sent.value()), {session.givesRests, session.driver.byBytes});
     Cells cells;
     while (!fetch.isOver())
         if (auto failed = fetch.fetch(cells)) return noted(session, *failed);
