@@ -44,23 +44,31 @@ void ServerMain::dropDatabase(const std::string& name) {
     check(database::dropServerDatabase(server(), name));
 }
 
+void ServerMain::makeFilled(const std::string& name, const std::string& sample) {
+    dropDatabase(name); // of a process that had our number and was killed
+    check(database::createServerDatabase(server(), name));
+    database::Connection filled = connect(database::withDatabase(text, name));
+    check(setup::fillMainDatabase(filled, setup::installationRows(whatOf(sample), {"", std::string(sampleDay)})));
+}
+
 const std::string& ServerMain::sampleTemplate(const std::string& sample) {
     const auto known = templates.find(sample);
     if (known != templates.end()) return known->second;
     const std::string name = prefix + sample;
-    check(database::createServerDatabase(server(), name));
-    templates.emplace(sample, name);
-    database::Connection filled = connect(database::withDatabase(text, name));
-    check(setup::fillMainDatabase(filled, setup::installationRows(whatOf(sample), {"", std::string(sampleDay)})));
-    return templates.at(sample);
+    makeFilled(name, sample);
+    return templates.emplace(sample, name).first->second;
 }
 
 std::string ServerMain::fresh(const std::string& sample, const std::string& root) {
     drop();
-    const std::string name = prefix + std::to_string(++count);
-    check(database::cloneServerDatabase(server(), sampleTemplate(sample), name));
-    present = name;
-    const std::string fresh = database::withDatabase(text, name);
+    present = prefix + std::to_string(++count);
+    if (database::canCloneDatabases(server())) {
+        dropDatabase(present);
+        check(database::cloneServerDatabase(server(), sampleTemplate(sample), present));
+    } else {
+        makeFilled(present, sample); // slower, and the same rows
+    }
+    const std::string fresh = database::withDatabase(text, present);
     database::Connection clone = connect(fresh);
     check(setup::nameDocumentFolder(clone, root));
     return fresh;

@@ -25,6 +25,7 @@ public:
     void drop(); // the fresh one; harmless when there is none
 
 private:
+    void makeFilled(const std::string& name, const std::string& sample);
     const std::string& sampleTemplate(const std::string& sample);
     void dropDatabase(const std::string& name);
     database::Connection& server();

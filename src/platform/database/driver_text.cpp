@@ -24,6 +24,7 @@ struct Driver {
     std::string_view package;
     std::string_view host, socket, port, database; // "socket" for a host that is a folder
     std::string_view settings;                     // stand behind, as they are
+    bool byBytes = false;                          // see DriverText
 };
 
 // Windows' names for drivers carry a release behind, which is left out here.
@@ -71,6 +72,8 @@ const std::array drivers{
            "",
            "",
            ""},
+    // Its UTF-16 calls take a character whose low byte is 0xD8 to 0xDB (U+52D9, for one) for half a pair, and cut
+    // texts.
     Driver{"MariaDB",
            {"MariaDB", "MySQL"},
            {"MariaDB", "MySQL"},
@@ -79,7 +82,8 @@ const std::array drivers{
            "SOCKET",
            "PORT",
            "DATABASE",
-           "CHARSET=utf8mb4;FORWARDONLY=1;NO_CACHE=1;"},
+           "CHARSET=utf8mb4;FORWARDONLY=1;NO_CACHE=1;",
+           true},
 };
 
 // Words that many drivers know, for one that is installed and has no row.
@@ -215,7 +219,7 @@ Result<DriverText> driverText(std::string_view text, const InstalledDrivers& ins
     if (bySource) wanted = wantedSource(provider, source, installed);
     if (!wanted) return wanted.failure();
     const Driver& driver = *wanted.value().driver;
-    DriverText result{wanted.value().head, connectionValue(text, "Password")};
+    DriverText result{wanted.value().head, connectionValue(text, "Password"), driver.byBytes};
     result.text += bySource ? pair(driver.database, catalog) : placeText(driver, source, catalog);
     result.text += pair("UID", connectionValue(text, "User ID")) + passwordPair(result.password);
     result.text += driver.settings;

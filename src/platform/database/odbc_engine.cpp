@@ -1,9 +1,9 @@
 #include "platform/database/odbc_engine.hpp"
 
+#include "platform/database/odbc_calls.hpp"
 #include "platform/database/odbc_rows.hpp"
 #include "platform/database/server_words.hpp"
 #include "platform/database/statement_shape.hpp"
-#include "platform/database/utf16.hpp"
 
 #include <algorithm>
 #include <vector>
@@ -55,7 +55,7 @@ std::string withoutPassword(std::string text, const std::string& password) {
 
 // What the driver says, in a form that may be written down.
 OdbcFailure failureOf(const OdbcSession& session, SQLSMALLINT kind, SQLHANDLE handle) {
-    OdbcFailure failed = odbcFailure(kind, handle);
+    OdbcFailure failed = odbcFailure(kind, handle, session.driver.byBytes);
     failed.failure.description = withoutPassword(std::move(failed.failure.description), session.driver.password);
     return failed;
 }
@@ -97,9 +97,7 @@ Result<OdbcHandle> send(OdbcSession& session, const std::string& sql) {
     OdbcHandle statement = newHandle(SQL_HANDLE_STMT, session.handle.get());
     if (!statement) return noted(session, failureOf(session, SQL_HANDLE_DBC, session.handle.get()));
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
-    std::u16string text = utf16(sql);
-    const SQLRETURN code =
-        SQLExecDirectW(statement.get(), reinterpret_cast<SQLWCHAR*>(text.data()), static_cast<SQLINTEGER>(text.size()));
+    const SQLRETURN code = executeText(statement.get(), sql, session.driver.byBytes);
     if (SQL_SUCCEEDED(code) || code == SQL_NO_DATA) return statement;
     const OdbcFailure failed = failureOf(session, SQL_HANDLE_STMT, statement.get());
     statement.free();
@@ -115,7 +113,7 @@ Status run(OdbcSession& session, const std::string& sql) {
 Result<std::string> ask(OdbcSession& session, const std::string& sql) {
     auto sent = send(session, sql);
     if (!sent) return sent.failure();
-    OdbcFetch fetch(std::move(sent.value()), false);
+    OdbcFetch fetch(std::move(sent.value()), {false, session.driver.byBytes});
     Cells cells;
     if (fetch.names().empty()) return std::string();
     if (auto failed = fetch.fetch(cells)) return noted(session, *failed);
@@ -137,7 +135,7 @@ Status learnColumns(OdbcSession& session) {
     if (session.words->requiredColumns.empty()) return done();
     auto sent = send(session, std::string(session.words->requiredColumns));
     if (!sent) return sent.failure();
-    OdbcFetch fetch(std::move(sent.value()), session.givesRests);
+    OdbcFetch fetch(std::move(sent.value()), {session.givesRests, session.driver.byBytes});
     Cells cells;
     while (!fetch.isOver())
         if (auto failed = fetch.fetch(cells)) return noted(session, *failed);
@@ -156,7 +154,7 @@ void learnDriver(OdbcSession& session) {
     SQLUINTEGER able = 0;
     SQLGetInfoW(session.handle.get(), SQL_GETDATA_EXTENSIONS, &able, sizeof(able), nullptr);
     session.words = &serverWords(dbmsName(session.handle.get()));
-    session.givesRests = session.words->readsInBlocks && (able & needed) == needed;
+    session.givesRests = session.words->readsInBlocks && !session.driver.byBytes && (able & needed) == needed;
     session.byCursor = false;
 }
 
@@ -165,10 +163,7 @@ Status connect(OdbcSession& session) {
     if (!handle) return refuse("the driver manager gives no connection");
     const auto seconds = static_cast<std::size_t>(std::max(session.waiting, 1));
     SQLSetConnectAttr(handle.get(), SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds), SQL_IS_UINTEGER);
-    std::u16string text = utf16(session.driver.text);
-    const SQLRETURN code =
-        SQLDriverConnectW(handle.get(), nullptr, reinterpret_cast<SQLWCHAR*>(text.data()),
-                          static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    const SQLRETURN code = driverConnect(handle.get(), session.driver.text, session.driver.byBytes);
     if (!SQL_SUCCEEDED(code)) return failureOf(session, SQL_HANDLE_DBC, handle.get()).failure;
     session.handle = std::move(handle);
     learnDriver(session);
@@ -220,7 +215,7 @@ void keepAllRests(OdbcSession& session) {
 Result<std::unique_ptr<OdbcResult>> resultOf(const std::shared_ptr<OdbcSession>& session, OdbcHandle sent) {
     auto result = std::make_unique<OdbcResult>();
     result->session = session;
-    result->fetch.emplace(std::move(sent), session->givesRests);
+    result->fetch.emplace(std::move(sent), OdbcReading{session->givesRests, session->driver.byBytes});
     result->columns = result->fetch->names().size();
     if (result->columns == 0) return refuse("the statement answers no rows");
     session->live.push_back(result.get());

@@ -1,5 +1,6 @@
 #include "platform/database/odbc_handle.hpp"
 
+#include "platform/database/odbc_calls.hpp"
 #include "platform/database/utf16.hpp"
 
 #include <algorithm>
@@ -8,8 +9,6 @@
 namespace kestrel::database {
 
 namespace {
-
-constexpr std::size_t longestText = 4096; // UTF-16 units of a description; a longer one is cut
 
 // A text that the driver manager wrote, of as many units as it says, yet of no more than there was room for.
 template <std::size_t size> std::string written(const std::array<SQLWCHAR, size>& room, long units) {
@@ -57,14 +56,10 @@ void OdbcHandle::free() {
     raw = nullptr;
 }
 
-OdbcFailure odbcFailure(SQLSMALLINT kind, SQLHANDLE handle) {
-    std::array<SQLWCHAR, 6> state{};
-    std::array<SQLWCHAR, longestText> text{};
-    SQLINTEGER number = 0;
-    SQLSMALLINT length = 0;
-    if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, 1, state.data(), &number, text.data(), text.size(), &length)))
-        return {{0, "the driver doesn't say what is wrong"}, "HY000"};
-    return {{static_cast<int>(number), asOneLine(written(text, length))}, written(state, 5)};
+OdbcFailure odbcFailure(SQLSMALLINT kind, SQLHANDLE handle, bool byBytes) {
+    OdbcDiagnosis diagnosis = diagnose(kind, handle, byBytes);
+    if (diagnosis.state.empty()) return {{0, "the driver doesn't say what is wrong"}, "HY000"};
+    return {{diagnosis.number, asOneLine(std::move(diagnosis.text))}, std::move(diagnosis.state)};
 }
 
 bool tellsLoss(const OdbcFailure& failure) {

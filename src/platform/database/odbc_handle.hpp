@@ -37,7 +37,7 @@ struct OdbcFailure {
     platform::Failure failure;
     std::string state; // five characters of the standard
 };
-OdbcFailure odbcFailure(SQLSMALLINT kind, SQLHANDLE handle);
+OdbcFailure odbcFailure(SQLSMALLINT kind, SQLHANDLE handle, bool byBytes); // see DriverText
 
 // The connection after it was lost, or the server went down, can't be used any more.
 bool tellsLoss(const OdbcFailure& failure);

@@ -1,8 +1,7 @@
 #include "platform/database/odbc_rows.hpp"
 
+#include "platform/database/odbc_calls.hpp"
 #include "platform/database/utf16.hpp"
-
-#include <array>
 
 namespace kestrel::database {
 
@@ -12,7 +11,6 @@ namespace {
 constexpr std::size_t width = 128;
 constexpr auto unitBytes = static_cast<SQLLEN>(sizeof(SQLWCHAR));
 constexpr SQLLEN longestBound = (static_cast<SQLLEN>(width) - 1) * unitBytes;
-constexpr std::size_t pieceUnits = 2048;
 
 std::u16string_view asText(const SQLWCHAR* units, SQLLEN bytes) {
     return {reinterpret_cast<const char16_t*>(units), static_cast<std::size_t>(bytes / unitBytes)};
@@ -34,6 +32,11 @@ void Cells::add(std::u16string_view text) {
     ends.push_back({texts.size(), false});
 }
 
+void Cells::add(std::string_view text) {
+    texts += text;
+    ends.push_back({texts.size(), false});
+}
+
 void Cells::addNull() {
     ends.push_back({texts.size(), true});
 }
@@ -44,22 +47,16 @@ std::optional<std::string_view> Cells::at(std::size_t index) const {
     return std::string_view(texts).substr(begin, ends[index].byte - begin);
 }
 
-OdbcFetch::OdbcFetch(OdbcHandle executed, bool givesRests) : statement(std::move(executed)) {
+OdbcFetch::OdbcFetch(OdbcHandle executed, OdbcReading how) : statement(std::move(executed)), reading(how) {
     readNames();
-    if (givesRests) bind();
+    if (reading.inBlocks) bind();
 }
 
 void OdbcFetch::readNames() {
     SQLSMALLINT count = 0;
     SQLNumResultCols(statement.get(), &count);
-    for (SQLSMALLINT i = 1; i <= count; ++i) {
-        std::array<SQLWCHAR, 256> name{};
-        SQLSMALLINT length = 0, type = 0, digits = 0, nullable = 0;
-        SQLULEN size = 0;
-        SQLDescribeColW(statement.get(), static_cast<SQLUSMALLINT>(i), name.data(), name.size(), &length, &type, &size,
-                        &digits, &nullable);
-        columnNames.push_back(utf8(asText(name.data(), length * unitBytes)));
-    }
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+        columnNames.push_back(columnName(statement.get(), i, reading.byBytes));
 }
 
 // What is bound is not touched before the driver writes there, so that a read of one row doesn't pay for a block.
@@ -81,7 +78,7 @@ std::optional<OdbcFailure> OdbcFetch::fetch(Cells& cells) {
     for (std::size_t row = 0; good && row < fetched; ++row) good = addRow(cells, row);
     const bool last = !columns.empty() && fetched < rowsOfBlock;
     std::optional<OdbcFailure> failed;
-    if (!good && code != SQL_NO_DATA) failed = odbcFailure(SQL_HANDLE_STMT, statement.get());
+    if (!good && code != SQL_NO_DATA) failed = odbcFailure(SQL_HANDLE_STMT, statement.get(), reading.byBytes);
     if (!good || last) stop();
     return failed;
 }
@@ -112,27 +109,21 @@ bool OdbcFetch::addBound(Cells& cells, std::size_t row, std::size_t column) {
            addAsked(cells, column);
 }
 
-// Piece by piece: not every driver knows how long a text is.
-bool OdbcFetch::addAsked(Cells& cells, std::size_t column) {
-    std::array<SQLWCHAR, pieceUnits> piece{};
-    std::u16string text;
+template <class Text> bool OdbcFetch::addPieces(Cells& cells, std::size_t column) {
+    Text text;
     for (;;) {
-        SQLLEN bytes = 0;
-        const SQLRETURN code = SQLGetData(statement.get(), static_cast<SQLUSMALLINT>(column + 1), SQL_C_WCHAR,
-                                          piece.data(), sizeof(piece), &bytes);
-        if (code == SQL_NO_DATA) break;
-        if (!SQL_SUCCEEDED(code)) return false;
-        if (bytes == SQL_NULL_DATA) {
+        const OdbcPiece piece = addPiece(statement.get(), column, text);
+        if (piece.code != SQL_NO_DATA && !SQL_SUCCEEDED(piece.code)) return false;
+        if (piece.null)
             cells.addNull();
-            return true;
-        }
-        const SQLLEN most = static_cast<SQLLEN>(pieceUnits - 1) * unitBytes;
-        const bool whole = bytes >= 0 && bytes <= most;
-        text += asText(piece.data(), whole ? bytes : most);
-        if (whole) break;
+        else if (!piece.more)
+            cells.add(text);
+        if (!piece.more) return true;
     }
-    cells.add(text);
-    return true;
+}
+
+bool OdbcFetch::addAsked(Cells& cells, std::size_t column) {
+    return reading.byBytes ? addPieces<std::string>(cells, column) : addPieces<std::u16string>(cells, column);
 }
 
 } // namespace kestrel::database

@@ -19,6 +19,7 @@ class Cells {
 public:
     void clear();
     void add(std::u16string_view text);
+    void add(std::string_view text);
     void addNull();
     std::size_t count() const { return ends.size(); }
     std::optional<std::string_view> at(std::size_t index) const;
@@ -32,11 +33,15 @@ private:
     std::vector<End> ends;
 };
 
+// How a driver hands out rows.
+struct OdbcReading {
+    bool inBlocks = false; // and the rest of a text that was too long for its place; else one by one, text by text
+    bool byBytes = false;  // see DriverText; not in blocks
+};
+
 class OdbcFetch {
 public:
-    // executed: a statement that answers rows. givesRests: the driver hands out the rest of a text of a block that was
-    // too long for its place; without it rows are read one by one, text by text.
-    OdbcFetch(OdbcHandle executed, bool givesRests);
+    OdbcFetch(OdbcHandle executed, OdbcReading how); // executed: a statement that answers rows
 
     const std::vector<std::string>& names() const { return columnNames; }
     bool isOver() const { return !statement; } // nothing more comes; the cursor is given back
@@ -54,8 +59,10 @@ private:
     bool addRow(Cells& cells, std::size_t row);
     bool addBound(Cells& cells, std::size_t row, std::size_t column);
     bool addAsked(Cells& cells, std::size_t column);
+    template <class Text> bool addPieces(Cells& cells, std::size_t column);
 
     OdbcHandle statement;
+    OdbcReading reading;
     std::vector<std::string> columnNames;
     std::vector<Column> columns; // empty: nothing is bound
     SQLULEN fetched = 0;

@@ -42,11 +42,15 @@ std::string filled(std::string_view pattern, std::string_view name, std::string_
     return text;
 }
 
-Status run(Connection& server, const char* Words::*pattern, std::string_view name, std::string_view from = {}) {
+const char* wordsFor(const Connection& server, const char* Words::*pattern) {
     const auto row = std::ranges::find(words, server.dialect(), &Words::dialect);
-    if (row == words.end() || !((*row).*pattern))
-        return Failure{0, "databases of such a server are not made from here: " + std::string(name)};
-    return server.executeNative(filled((*row).*pattern, name, from));
+    return row != words.end() ? (*row).*pattern : nullptr;
+}
+
+Status run(Connection& server, const char* Words::*pattern, std::string_view name, std::string_view from = {}) {
+    const char* text = wordsFor(server, pattern);
+    if (!text) return Failure{0, "databases of such a server are not made from here: " + std::string(name)};
+    return server.executeNative(filled(text, name, from));
 }
 
 void addPair(std::string& text, std::string_view key, const std::string& value) {
@@ -84,6 +88,10 @@ Status createServerDatabase(Connection& server, std::string_view name) {
 
 Status cloneServerDatabase(Connection& server, std::string_view from, std::string_view name) {
     return run(server, &Words::clone, name, from);
+}
+
+bool canCloneDatabases(const Connection& server) {
+    return wordsFor(server, &Words::clone);
 }
 
 Status dropServerDatabase(Connection& server, std::string_view name) {

@@ -23,6 +23,7 @@ std::string withDatabase(std::string_view connectionText, std::string_view datab
 // server's word, or where its kind can't.
 Status createServerDatabase(Connection& server, std::string_view name); // text compares by code point in it
 Status cloneServerDatabase(Connection& server, std::string_view from, std::string_view name); // from: nobody is in it
+bool canCloneDatabases(const Connection& server);                     // some servers have no statement for that
 Status dropServerDatabase(Connection& server, std::string_view name); // with whoever is in it; not there: nothing to do
 
 } // namespace kestrel::database

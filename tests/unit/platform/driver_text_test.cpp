@@ -70,6 +70,12 @@ TEST(DriverText, saysTheSameInTheDriversWords) {
         EXPECT_TRUE(begins(textOf(each.given), each.expected)) << each.name << ": " << textOf(each.given);
 }
 
+TEST(DriverText, knowsTheDriverThatLosesCharactersInUtf16) {
+    EXPECT_TRUE(driverText("Provider=MariaDB;Data Source=h/k;", everything).value().byBytes);
+    EXPECT_TRUE(driverText("Provider=mariadb unicode;Data Source=h/k;", everything).value().byBytes);
+    EXPECT_FALSE(driverText("Provider=PostgreSQL;Data Source=h/k;", everything).value().byBytes);
+}
+
 TEST(DriverText, takesTheDriverThatIsThere) {
     EXPECT_TRUE(begins(textOf("Provider=SQLOLEDB;Data Source=h:1433;Initial Catalog=k;", {{"FreeTDS"}, {}}),
                        "DRIVER={FreeTDS};Server=h;Port=1433;Database=k;TDS_Version"));

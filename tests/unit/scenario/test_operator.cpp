@@ -1,5 +1,6 @@
 // The operator's command line: files, private installations, exit status.
 #include "../server.hpp"
+#include "platform/database/connection.hpp"
 #include "scenario/operator.hpp"
 #include "setup/installation.hpp"
 #include "tiny_program.hpp"
@@ -117,14 +118,18 @@ TEST_F(Operator, EveryFileGetsAMainDatabaseOfItsOwnOnAServer) {
     const std::string adds = file("a", "sample minimal\nmain INSERT INTO K在籍区分 (区分,名称) VALUES (7,'休職')\n"
                                        "expect rows 3 main SELECT * FROM K在籍区分\n"
                                        "expect value %/documents main SELECT ドキュメントフォルダ FROM Mユーザ\n");
+    const std::string ours =
+        "SELECT datname FROM pg_database WHERE datname LIKE 'kestrel_operator_" + std::to_string(getpid()) + "_%'";
     const std::string looks = file("b", "sample minimal\nexpect rows 2 main SELECT * FROM K在籍区分\n"
-                                        "expect rows 2 main SELECT datname FROM pg_database WHERE datname LIKE "
-                                        "'kestrel_operator_" +
-                                            std::to_string(getpid()) + "_%'\n");
+                                        "expect rows 2 main " +
+                                            ours + "\n");
     for (const char* kind : {"A", "S", "O"}) EXPECT_EQ(play({"--kind", kind, "--main", server, adds, looks}), 0) << err;
     EXPECT_EQ(playText("sample minimal\nengine file\nexpect ended\n", {"--main", server}), 0) << "passed over";
     EXPECT_EQ(playText("sample minimal\nengine file\nexpect ended\n"), 1) << "played";
     EXPECT_EQ(playText("sample minimal\nengine paper\n"), 2);
+    auto connection = kestrel::database::openConnection(server, kestrel::database::Role::beside);
+    ASSERT_TRUE(connection);
+    EXPECT_TRUE(connection.value().openNative(ours).value().eof()) << "left behind";
 }
 
 TEST_F(Operator, StatementsThatFailAreMistakes) {
