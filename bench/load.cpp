@@ -103,21 +103,26 @@ std::vector<bench::OperatorReport> work(const fs::path& load, const bench::LoadP
 }
 
 struct Totals {
-    std::size_t statements = 0;
-    double seconds = 0;   // from the first one's start to the last one's end
-    double processor = 0; // microseconds
+    std::size_t all = 0;        // statements
+    double seconds = 0;         // from the first one's start to the last one's end
+    double toMark = 0;          // statements in front of the mark
+    double secondsToMark = 0;   //
+    double processorToMark = 0; // microseconds
 };
 
 Totals totalsOf(const std::vector<bench::OperatorReport>& reports) {
     Totals totals;
-    double begin = reports[0].begin, end = reports[0].end;
+    double begin = reports[0].begin, mark = 0, end = 0;
     for (const bench::OperatorReport& report : reports) {
-        totals.statements += report.statements.size();
-        totals.processor += report.processor;
+        totals.all += report.all;
+        totals.toMark += static_cast<double>(report.statements.size());
+        totals.processorToMark += report.processor;
         begin = std::min(begin, report.begin);
+        mark = std::max(mark, report.mark);
         end = std::max(end, report.end);
     }
     totals.seconds = (end - begin) / 1e6;
+    totals.secondsToMark = (mark - begin) / 1e6;
     return totals;
 }
 
@@ -148,20 +153,20 @@ int main(int count, char** arguments) {
     const std::vector<bench::OperatorReport> reports = work(load.path, plan);
     const double serverOurs = server.processorTime() - serverBefore;
     const Totals totals = totalsOf(reports);
-    const auto statements = static_cast<double>(totals.statements);
     bench::Libpq afterwards(database.text);
-    int exceeded = tellProof(bench::proveLoad(afterwards, load.path, reports));
+    const int exceeded = tellProof(bench::proveLoad(afterwards, load.path, reports));
+    bench::note(std::to_string(plan.operators) + " operators, all of their statements",
+                aSecond(static_cast<double>(totals.all), totals.seconds), "", "");
     if (plan.proveOnly) return exceeded;
 
     const double serverBetween = server.processorTime();
-    const bench::PgbenchRun theirs = bench::runPgbench(reports, load.path, untouched.text);
-    const double serverTheirs = server.processorTime() - serverBetween, ratio = theirs.seconds / totals.seconds;
-    exceeded |= bench::tell("statements of " + std::to_string(plan.operators) + " operators, against pgbench",
-                            aSecond(statements, totals.seconds), aSecond(statements, theirs.seconds),
-                            bench::asRatio(ratio), ">= " + bench::asRatio(limit), ratio >= limit);
-    bench::note("  processor time of a statement, programs", bench::withUnit(totals.processor / statements, "us"),
-                bench::withUnit(theirs.processor / statements, "us"), "");
-    bench::note("  and the server's", bench::withUnit(serverOurs / statements, "us"),
-                bench::withUnit(serverTheirs / statements, "us"), "");
-    return exceeded;
+    const double seconds = bench::runPgbench(reports, load.path, untouched.text);
+    const double serverTheirs = server.processorTime() - serverBetween, ratio = seconds / totals.secondsToMark;
+    bench::note("  processor time of a statement: the programs'",
+                bench::withUnit(totals.processorToMark / totals.toMark, "us"), "", "");
+    bench::note("  the server's", bench::withUnit(serverOurs / static_cast<double>(totals.all), "us"),
+                bench::withUnit(serverTheirs / totals.toMark, "us"), "");
+    return exceeded | bench::tell("their first statements, against pgbench",
+                                  aSecond(totals.toMark, totals.secondsToMark), aSecond(totals.toMark, seconds),
+                                  bench::asRatio(ratio), ">= " + bench::asRatio(limit), ratio >= limit);
 }

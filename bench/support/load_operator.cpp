@@ -119,19 +119,32 @@ std::string drawnBy(const std::string& sql) {
     return sql.substr(head.size(), sql.find('\'', head.size()) - head.size());
 }
 
-void takeStatements(OperatorReport& report) {
-    bool mainLast = false;
-    for (const journal::Entry& entry : journal::entries()) {
-        if (entry.channel == journal::Channel::engine) {
-            if (mainLast) report.statements.back() = entry.text;
-            continue;
+// Goes through what the journal got since the last time.
+class Statements {
+public:
+    void take(OperatorReport& report) {
+        const auto& entries = journal::entries();
+        for (; taken < entries.size(); ++taken) {
+            const journal::Entry& entry = entries[taken];
+            if (entry.channel == journal::Channel::sentMain) {
+                ++report.all;
+                if (std::string number = drawnBy(entry.text); !number.empty()) report.drawn.push_back(number);
+            }
+            if (report.mark == 0) keep(entry, report.statements);
         }
-        mainLast = entry.channel == journal::Channel::sentMain;
-        if (!mainLast) continue;
-        report.statements.push_back(entry.text);
-        if (std::string number = drawnBy(entry.text); !number.empty()) report.drawn.push_back(std::move(number));
     }
-}
+
+private:
+    // Of a statement that the engine got in other words these count.
+    void keep(const journal::Entry& entry, std::vector<std::string>& statements) {
+        if (entry.channel == journal::Channel::engine && mainLast) statements.back() = entry.text;
+        if (entry.channel == journal::Channel::engine) return;
+        mainLast = entry.channel == journal::Channel::sentMain;
+        if (mainLast) statements.push_back(entry.text);
+    }
+    std::size_t taken = 0;
+    bool mainLast = false;
+};
 
 void startAs(const std::filesystem::path& folder, int itsOperator) {
     platform::setExecutableFolder((folder / "prgbin").string());
@@ -152,6 +165,7 @@ void workAsOperator(const std::filesystem::path& load, int itsOperator, const Lo
     typeAddressee(itsOperator, 0);
     if (!line.wait()) standStill("there is no start");
     journal::start();
+    Statements statements;
     report.begin = clockTime();
     const double processor = processorTime();
     for (int serial = 0; serial < plan.ownSaves + plan.sharedSaves; ++serial) {
@@ -161,11 +175,17 @@ void workAsOperator(const std::filesystem::path& load, int itsOperator, const Lo
         }
         report.typed.push_back(saveTyped());
         goOn(report.typed.back(), serial);
+        statements.take(report);
+        if (report.mark > 0 || report.all < statementsToMark) continue;
+        report.mark = clockTime();
+        report.processor = processorTime() - processor;
     }
-    report.processor = processorTime() - processor;
     report.end = clockTime();
+    if (report.mark == 0) {
+        report.mark = report.end;
+        report.processor = processorTime() - processor;
+    }
     journal::stop();
-    takeStatements(report);
     closeProgram();
     writeReport(folder, report);
 }

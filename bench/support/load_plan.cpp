@@ -34,8 +34,10 @@ std::vector<std::string> cut(const std::string& text, char end) {
 void takeRow(OperatorReport& report, const std::vector<std::string>& cells) {
     if (cells[0] == "times") {
         report.begin = std::stod(cells[1]);
-        report.end = std::stod(cells[2]);
+        report.mark = std::stod(cells[2]);
         report.processor = std::stod(cells[3]);
+        report.all = std::stoul(cells[4]);
+        report.end = std::stod(cells[5]);
     } else if (cells[0] == "drawn") {
         report.drawn.push_back(cells[1]);
     } else if (cells[0] == "sent") {
@@ -69,7 +71,8 @@ fs::path operatorFolder(const fs::path& load, int itsOperator) {
 
 void writeReport(const fs::path& folder, const OperatorReport& report) {
     std::string text;
-    addRow(text, {"times", std::to_string(report.begin), std::to_string(report.end), std::to_string(report.processor)});
+    addRow(text, {"times", std::to_string(report.begin), std::to_string(report.mark), std::to_string(report.processor),
+                  std::to_string(report.all), std::to_string(report.end)});
     for (const Typed& typed : report.typed) text += textOf(typed);
     for (const std::string& number : report.drawn) addRow(text, {"drawn", number});
     for (const std::string& sql : report.statements) addRow(text, {"sent", sql});

@@ -35,10 +35,16 @@ inline constexpr const char* typedColumns[] = {"宛先名称A", "宛先名称B",
 struct OperatorReport {
     std::vector<Typed> typed;
     std::vector<std::string> drawn;      // numbers of the view log's register
-    std::vector<std::string> statements; // of the main connection, as the server got them, in order
-    double begin = 0, end = 0;           // by the clock, microseconds
-    double processor = 0;                // microseconds
+    std::vector<std::string> statements; // of the main connection, as the server got them, in order, up to the mark
+    double begin = 0, mark = 0;          // by the clock, microseconds
+    double processor = 0;                // microseconds, up to the mark
+    std::size_t all = 0;                 // statements
+    double end = 0;                      // by the clock
 };
+
+// So many statements (and what is left of the addressee they fall into) lie in front of the mark. They are what is
+// compared with pgbench, which takes a time that grows with the square of a script to read one.
+inline constexpr std::size_t statementsToMark = 2000;
 
 std::filesystem::path operatorFolder(const std::filesystem::path& load, int itsOperator); // its installation
 void writeReport(const std::filesystem::path& folder, const OperatorReport& report);

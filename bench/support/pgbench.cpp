@@ -1,13 +1,16 @@
 #include "pgbench.hpp"
 
+#include "both_times.hpp"
 #include "platform/database/connection_text.hpp"
 #include "platform/database/server_databases.hpp"
 #include "platform/database/server_words.hpp"
+#include "server.hpp"
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <sys/resource.h>
+#include <thread>
 
 namespace kestrel::bench {
 
@@ -41,13 +44,17 @@ std::string unfailing(const std::string& sql) {
     return sql.starts_with("INSERT INTO \"T名簿明細\"") ? sql + " ON CONFLICT DO NOTHING" : sql;
 }
 
-void writeScript(const std::vector<OperatorReport>& reports, const fs::path& script) {
+// The gate: a lock that the clients share when it is let go.
+constexpr const char* closeGate = "SELECT pg_advisory_lock(1)";
+constexpr const char* openGate = "SELECT pg_advisory_unlock(1)";
+constexpr const char* passGate = "SELECT pg_advisory_lock_shared(1)";
+constexpr const char* standingAtGate = "SELECT count(*) FROM pg_stat_activity WHERE datname = current_database() AND "
+                                       "wait_event = 'advisory'";
+
+void writeScript(const OperatorReport& report, const fs::path& script) {
     std::ofstream file(script, std::ios::binary);
-    for (std::size_t client = 0; client < reports.size(); ++client) {
-        file << (client == 0 ? "\\if" : "\\elif") << " :client_id = " << client << "\n";
-        for (const std::string& sql : withDraws(reports[client].statements)) file << unfailing(sql) << ";\n";
-    }
-    file << "\\endif\n";
+    file << passGate << ";\n";
+    for (const std::string& sql : withDraws(report.statements)) file << unfailing(sql) << ";\n";
 }
 
 // Debian keeps the server's programs off the path.
@@ -62,49 +69,53 @@ fs::path program() {
     return newest;
 }
 
-double processorTimeOfChildren() {
-    rusage used{};
-    getrusage(RUSAGE_CHILDREN, &used);
-    return static_cast<double>(used.ru_utime.tv_sec + used.ru_stime.tv_sec) * 1e6 +
-           static_cast<double>(used.ru_utime.tv_usec + used.ru_stime.tv_usec);
-}
-
-std::string commandFor(std::size_t clients, const fs::path& script, const std::string& connectionText) {
+std::string commandFor(const fs::path& script, const std::string& connectionText) {
     const auto [place, name] = database::serverPlace(connectionText);
     const auto sign = place.rfind(':');
-    return "'" + program().string() +
-           "' --no-vacuum --protocol=simple --transactions=1 --jobs=2 --client=" + std::to_string(clients) +
-           " --file='" + script.string() + "' --host='" + place.substr(0, sign) + "'" +
+    return "'" + program().string() + "' --no-vacuum --protocol=simple --transactions=1 --client=1 --file='" +
+           script.string() + "' --host='" + place.substr(0, sign) + "'" +
            (sign == place.npos ? "" : " --port=" + place.substr(sign + 1)) + " --username='" +
            database::connectionValue(connectionText, "User ID") + "' '" + name + "' 2>&1";
 }
 
-std::string outputOf(const std::string& command) {
-    FILE* pipe = popen(command.c_str(), "r");
-    if (!pipe) giveUp("it can't be started");
-    std::string output;
-    char part[4096];
-    while (std::fgets(part, sizeof part, pipe)) output += part;
-    if (pclose(pipe) != 0) giveUp(output);
-    return output;
+FILE* startClient(const std::string& command) {
+    FILE* client = popen(command.c_str(), "r");
+    if (!client) giveUp("it can't be started");
+    return client;
 }
 
-// Each client is one transaction to it.
-double secondsOf(const std::string& output, std::size_t clients) {
-    const auto at = output.find("tps = ");
-    if (at == output.npos) giveUp(output);
-    return static_cast<double>(clients) / std::strtod(output.c_str() + at + 6, nullptr);
+void waitFor(FILE* client) {
+    std::string output;
+    char part[4096];
+    while (std::fgets(part, sizeof part, client)) output += part;
+    if (pclose(client) != 0) giveUp(output);
+}
+
+void waitAtGate(Libpq& gate, std::size_t clients) {
+    constexpr int patience = 3000;
+    for (int tries = 0; gate.ask(standingAtGate) != std::to_string(clients); ++tries) {
+        if (tries == patience) giveUp("it doesn't come to its first statement");
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
 }
 
 } // namespace
 
-PgbenchRun runPgbench(const std::vector<OperatorReport>& reports, const fs::path& folder,
-                      const std::string& connectionText) {
-    const fs::path script = folder / "statements.sql";
-    writeScript(reports, script);
-    const double before = processorTimeOfChildren();
-    const std::string output = outputOf(commandFor(reports.size(), script, connectionText));
-    return {secondsOf(output, reports.size()), processorTimeOfChildren() - before};
+double runPgbench(const std::vector<OperatorReport>& reports, const fs::path& folder,
+                  const std::string& connectionText) {
+    Libpq gate(connectionText);
+    gate.run(closeGate);
+    std::vector<FILE*> clients;
+    for (std::size_t i = 0; i < reports.size(); ++i) {
+        const fs::path script = folder / ("statements-" + std::to_string(i) + ".sql");
+        writeScript(reports[i], script);
+        clients.push_back(startClient(commandFor(script, connectionText)));
+    }
+    waitAtGate(gate, clients.size());
+    const double begin = clockTime();
+    gate.run(openGate);
+    for (FILE* client : clients) waitFor(client);
+    return (clockTime() - begin) / 1e6;
 }
 
 } // namespace kestrel::bench

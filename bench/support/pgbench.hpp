@@ -6,14 +6,10 @@
 
 namespace kestrel::bench {
 
-struct PgbenchRun {
-    double seconds = 0;   // from the first statement to the last
-    double processor = 0; // of pgbench, microseconds; reading its script is in it
-};
-
-// One client for each report, all of them at once, by the simple protocol, on a database as the load found it. Ends the
-// process when it can't be run.
-PgbenchRun runPgbench(const std::vector<OperatorReport>& reports, const std::filesystem::path& folder,
-                      const std::string& connectionText);
+// One client for each report, in a process of its own, all of them let go at the same moment, by the simple protocol,
+// on a database as the load found it. Answers the seconds until the last one is through. Ends the process when it can't
+// be run.
+double runPgbench(const std::vector<OperatorReport>& reports, const std::filesystem::path& folder,
+                  const std::string& connectionText);
 
 } // namespace kestrel::bench

@@ -232,9 +232,11 @@ Result<std::unique_ptr<OdbcResult>> read(const std::shared_ptr<OdbcSession>& ses
     return resultOf(session, std::move(sent.value()));
 }
 
-// No sign in the text could keep what is written behind it from being read.
-bool isOpenAtItsEnd(const std::string& sql) {
-    return sql.find(';') == sql.npos && sql.find("--") == sql.npos && sql.find("/*") == sql.npos;
+// A bound behind the text would be read, and does no harm: for a part of a text a server would rather walk through the
+// rows in their order than look the part up.
+bool mayBeBounded(const std::string& sql) {
+    return std::ranges::none_of(std::initializer_list<std::string_view>{";", "--", "/*", "LIKE"},
+                                [&](std::string_view sign) { return sql.find(sign) != sql.npos; });
 }
 
 // The bound could stand where the server wants none: the statement itself is then asked what is wrong with it.
@@ -245,7 +247,7 @@ bool mayBeTheBounds(const OdbcSession& session) {
 // A cursor takes a second trip to the server, and most answers are one row: the read is bounded first, and goes by a
 // cursor when it fills a block.
 Result<std::unique_ptr<OdbcResult>> readUnbounded(const std::shared_ptr<OdbcSession>& session, const std::string& sql) {
-    if (session->givesRests && isOpenAtItsEnd(sql)) {
+    if (session->givesRests && mayBeBounded(sql)) {
         auto small = read(session, sql + std::string(session->words->bound) + std::to_string(rowsOfBlock), false);
         const bool whole = small && small.value()->fetch->isOver();
         if (whole || (!small && !mayBeTheBounds(*session))) return small;
