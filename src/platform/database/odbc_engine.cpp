@@ -34,6 +34,7 @@ struct OdbcResult {
     std::optional<OdbcFetch> fetch;
     Cells cells;
     std::size_t columns = 0, row = 0, rows = 0;
+    std::vector<std::unique_ptr<Cells>> late; // cells of the present row that were fetched for themselves
     bool anyRow = false;
     std::optional<Failure> brokenOff; // what ended the fetching of the kept blocks
 
@@ -202,10 +203,45 @@ std::optional<Failure> fetchBlock(OdbcResult& result) {
     return noted(session, *failed);
 }
 
+void finish(OdbcResult& result) {
+    result.fetch->stop();
+    forget(result);
+}
+
+// What was left out of the rows from the present one on; from here on every column comes with its block.
+bool completeBlock(OdbcResult& result) {
+    Cells whole;
+    bool good = true;
+    for (std::size_t cell = result.row * result.columns; good && cell < result.rows * result.columns; ++cell) {
+        if (result.cells.isAbsent(cell))
+            good = result.fetch->fetchCell(whole, cell / result.columns, cell % result.columns);
+        else
+            whole.copy(result.cells, cell);
+    }
+    result.cells = std::move(whole);
+    result.row = 0;
+    result.rows = rowsIn(result);
+    return good;
+}
+
 // Fetches what is left, so that the server is free for the next statement.
 void keepRest(OdbcResult& result) {
-    while (!result.fetch->isOver())
-        if (auto failed = fetchBlock(result)) result.brokenOff = failed;
+    if (result.fetch->hasAbsent() && !completeBlock(result)) result.brokenOff = refuse("a row can't be read");
+    result.fetch->wantAll();
+    while (result.fetch->hasMore() && !result.brokenOff) result.brokenOff = fetchBlock(result);
+    finish(result);
+}
+
+// A cell that didn't come with its block. The rows end behind one that can't be had.
+std::optional<std::string_view> lateCell(OdbcResult& result, std::size_t column) {
+    auto cell = std::make_unique<Cells>();
+    if (!result.fetch->fetchCell(*cell, result.row, column)) {
+        result.brokenOff = refuse("a row can't be read");
+        result.rows = result.row + 1;
+        finish(result);
+        return std::nullopt;
+    }
+    return result.late.emplace_back(std::move(cell))->at(0);
 }
 
 void keepAllRests(OdbcSession& session) {
@@ -244,12 +280,16 @@ bool mayBeTheBounds(const OdbcSession& session) {
     return session.lastState == "42601"; // the standard's syntax error
 }
 
+bool holdsLessThanABlock(const OdbcResult& result) {
+    return result.fetch->isOver() || result.fetch->rowsInAll() < rowsOfBlock;
+}
+
 // A cursor takes a second trip to the server, and most answers are one row: the read is bounded first, and goes by a
 // cursor when it fills a block.
 Result<std::unique_ptr<OdbcResult>> readUnbounded(const std::shared_ptr<OdbcSession>& session, const std::string& sql) {
     if (session->givesRests && mayBeBounded(sql)) {
         auto small = read(session, sql + std::string(session->words->bound) + std::to_string(rowsOfBlock), false);
-        const bool whole = small && small.value()->fetch->isOver();
+        const bool whole = small && holdsLessThanABlock(*small.value());
         if (whole || (!small && !mayBeTheBounds(*session))) return small;
     }
     return read(session, sql, true);
@@ -276,14 +316,17 @@ bool OdbcRows::atEnd() const {
 
 Status OdbcRows::next() {
     if (atEnd()) return done();
+    result->late.clear();
     if (++result->row < result->rows) return done();
-    if (!result->fetch->isOver()) {
+    if (result->fetch->hasMore()) {
         result->cells.clear();
         result->row = 0;
         if (auto failed = fetchBlock(*result)) {
             result->rows = 0;
             return *failed;
         }
+    } else {
+        finish(*result);
     }
     if (!atEnd() || !result->brokenOff) return done();
     return *std::exchange(result->brokenOff, std::nullopt);
@@ -298,7 +341,10 @@ std::string_view OdbcRows::columnName(int index) const {
 }
 
 std::optional<std::string_view> OdbcRows::value(int index) const {
-    return result->cells.at(result->row * result->columns + static_cast<std::size_t>(index));
+    const auto column = static_cast<std::size_t>(index);
+    const std::size_t cell = result->row * result->columns + column;
+    result->fetch->read(column);
+    return result->cells.isAbsent(cell) ? lateCell(*result, column) : result->cells.at(cell);
 }
 
 OdbcConnection& OdbcConnection::operator=(OdbcConnection&& other) noexcept {

@@ -11,6 +11,7 @@ namespace {
 constexpr std::size_t width = 128;
 constexpr auto unitBytes = static_cast<SQLLEN>(sizeof(SQLWCHAR));
 constexpr SQLLEN longestBound = (static_cast<SQLLEN>(width) - 1) * unitBytes;
+constexpr std::size_t firstRows = 4; // tell which columns are read; most answers are no longer
 
 std::u16string_view asText(const SQLWCHAR* units, SQLLEN bytes) {
     return {reinterpret_cast<const char16_t*>(units), static_cast<std::size_t>(bytes / unitBytes)};
@@ -29,27 +30,47 @@ void Cells::clear() {
 
 void Cells::add(std::u16string_view text) {
     appendUtf8(texts, text);
-    ends.push_back({texts.size(), false});
+    ends.push_back({texts.size(), Kind::text});
 }
 
 void Cells::add(std::string_view text) {
     texts += text;
-    ends.push_back({texts.size(), false});
+    ends.push_back({texts.size(), Kind::text});
 }
 
 void Cells::addNull() {
-    ends.push_back({texts.size(), true});
+    ends.push_back({texts.size(), Kind::null});
+}
+
+void Cells::addAbsent() {
+    ends.push_back({texts.size(), Kind::absent});
+}
+
+void Cells::copy(const Cells& other, std::size_t index) {
+    texts += other.at(index).value_or("");
+    ends.push_back({texts.size(), other.ends[index].kind});
 }
 
 std::optional<std::string_view> Cells::at(std::size_t index) const {
-    if (ends[index].null) return std::nullopt;
+    if (ends[index].kind != Kind::text) return std::nullopt;
     const std::size_t begin = index == 0 ? 0 : ends[index - 1].byte;
     return std::string_view(texts).substr(begin, ends[index].byte - begin);
 }
 
 OdbcFetch::OdbcFetch(OdbcHandle executed, OdbcReading how) : statement(std::move(executed)), reading(how) {
     readNames();
-    if (reading.inBlocks) bind();
+    wanted.resize(columnNames.size());
+    places.resize(columnNames.size(), unbound);
+}
+
+std::size_t OdbcFetch::rowsInAll() const {
+    SQLLEN rows = 0;
+    SQLRowCount(statement.get(), &rows);
+    return static_cast<std::size_t>(rows);
+}
+
+void OdbcFetch::wantAll() {
+    wanted.assign(wanted.size(), true);
 }
 
 void OdbcFetch::readNames() {
@@ -59,54 +80,77 @@ void OdbcFetch::readNames() {
         columnNames.push_back(columnName(statement.get(), i, reading.byBytes));
 }
 
-// What is bound is not touched before the driver writes there, so that a read of one row doesn't pay for a block.
-void OdbcFetch::bind() {
-    SQLSetStmtAttr(statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, asNumber(rowsOfBlock), 0);
+// What is bound is not touched before the driver writes there.
+void OdbcFetch::bind(std::size_t rows) {
+    const bool first = rowsBound == 0;
+    rowsBound = rows;
+    SQLFreeStmt(statement.get(), SQL_UNBIND);
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, asNumber(rows), 0);
     SQLSetStmtAttr(statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);
-    for (std::size_t i = 0; i < columnNames.size(); ++i) {
-        columns.push_back({std::unique_ptr<SQLWCHAR[]>(new SQLWCHAR[rowsOfBlock * width]),
-                           std::unique_ptr<SQLLEN[]>(new SQLLEN[rowsOfBlock])});
-        SQLBindCol(statement.get(), static_cast<SQLUSMALLINT>(i + 1), SQL_C_WCHAR, columns[i].texts.get(),
-                   static_cast<SQLLEN>(width) * unitBytes, columns[i].lengths.get());
-    }
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < places.size(); ++i) places[i] = first || wanted[i] ? count++ : unbound;
+    allBound = count == places.size();
+    texts.reset(new SQLWCHAR[count * rows * width]);
+    lengths.reset(new SQLLEN[count * rows]);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        if (isBound(i)) bindColumn(i, places[i]);
+}
+
+void OdbcFetch::bindColumn(std::size_t column, std::size_t place) {
+    SQLBindCol(statement.get(), static_cast<SQLUSMALLINT>(column + 1), SQL_C_WCHAR, &texts[place * rowsBound * width],
+               static_cast<SQLLEN>(width) * unitBytes, &lengths[place * rowsBound]);
 }
 
 std::optional<OdbcFailure> OdbcFetch::fetch(Cells& cells) {
+    if (reading.inBlocks && rowsBound == 0)
+        bind(firstRows);
+    else if (reading.inBlocks && (rowsBound == firstRows || !allBound))
+        bind(rowsOfBlock);
     fetched = 1; // without a block nobody counts
     const SQLRETURN code = SQLFetch(statement.get());
     bool good = SQL_SUCCEEDED(code);
     for (std::size_t row = 0; good && row < fetched; ++row) good = addRow(cells, row);
-    const bool last = !columns.empty() && fetched < rowsOfBlock;
+    ended = !good || (reading.inBlocks && fetched < rowsBound);
     std::optional<OdbcFailure> failed;
     if (!good && code != SQL_NO_DATA) failed = odbcFailure(SQL_HANDLE_STMT, statement.get(), reading.byBytes);
-    if (!good || last) stop();
+    if (!good || (ended && allBound)) stop();
     return failed;
+}
+
+bool OdbcFetch::fetchCell(Cells& cells, std::size_t row, std::size_t column) {
+    return SQL_SUCCEEDED(SQLSetPos(statement.get(), row + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE)) &&
+           addAsked(cells, column);
 }
 
 void OdbcFetch::stop() {
     statement.free();
-    columns.clear();
+    texts.reset();
+    lengths.reset();
 }
 
 bool OdbcFetch::addRow(Cells& cells, std::size_t row) {
     bool good = true;
-    for (std::size_t column = 0; good && column < columnNames.size(); ++column)
-        good = columns.empty() ? addAsked(cells, column) : addBound(cells, row, column);
+    for (std::size_t column = 0; good && column < columnNames.size(); ++column) {
+        if (!reading.inBlocks)
+            good = addAsked(cells, column);
+        else if (isBound(column))
+            good = addBound(cells, row, places[column], column);
+        else
+            cells.addAbsent();
+    }
     return good;
 }
 
-bool OdbcFetch::addBound(Cells& cells, std::size_t row, std::size_t column) {
-    const SQLLEN bytes = columns[column].lengths[row];
+bool OdbcFetch::addBound(Cells& cells, std::size_t row, std::size_t place, std::size_t column) {
+    const std::size_t cell = place * rowsBound + row;
+    const SQLLEN bytes = lengths[cell];
     if (bytes == SQL_NULL_DATA) {
         cells.addNull();
         return true;
     }
-    if (bytes >= 0 && bytes <= longestBound) {
-        cells.add(asText(&columns[column].texts[row * width], bytes));
-        return true;
-    }
-    return SQL_SUCCEEDED(SQLSetPos(statement.get(), row + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE)) &&
-           addAsked(cells, column);
+    if (bytes < 0 || bytes > longestBound) return fetchCell(cells, row, column);
+    cells.add(asText(&texts[cell * width], bytes));
+    return true;
 }
 
 template <class Text> bool OdbcFetch::addPieces(Cells& cells, std::size_t column) {
