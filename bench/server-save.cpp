@@ -41,8 +41,16 @@ int main(int count, char** arguments) {
         for (const bench::Sent& sent : statements) std::puts(sent.text.c_str());
     bench::ServerReplay replay(place, database.text);
     const bench::Meter oursMeter(bench::serverProcessOfProgram()), theirsMeter(replay.server.process());
-    const auto ours = [&] { return spentOnSaves(oursMeter); };
-    const auto theirs = [&] { return theirsMeter.spentOn([&] { replay.run(statements); }); };
+    // What earlier saves left behind would be cleared away by whoever comes next.
+    bench::Libpq cleaner(database.text);
+    const auto ours = [&] {
+        cleaner.run("VACUUM");
+        return spentOnSaves(oursMeter);
+    };
+    const auto theirs = [&] {
+        cleaner.run("VACUUM");
+        return theirsMeter.spentOn([&] { replay.run(statements); });
+    };
     const bench::BothTimes times = bench::compareBoth(rounds, bench::savedAddressees, ours, theirs);
     closeProgram();
     return bench::tell("save on a server, by the clock", times.clock, limit) |

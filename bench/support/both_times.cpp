@@ -12,11 +12,11 @@ double clockTime() {
 }
 
 // The kernel counts nanoseconds for each process.
-double Meter::processorTimeOfBoth() const {
+double Meter::serverTime() const {
     std::ifstream counted("/proc/" + std::to_string(serverProcess) + "/schedstat");
     double nanoseconds = 0;
     counted >> nanoseconds;
-    return processorTime() + nanoseconds / 1e3;
+    return nanoseconds / 1e3;
 }
 
 } // namespace kestrel::bench

@@ -17,14 +17,16 @@ struct Spent {
 class Meter {
 public:
     explicit Meter(int itsServerProcess) : serverProcess(itsServerProcess) {}
+    // Reading the server's time isn't in what is answered.
     template <class Step> Spent spentOn(Step step) const {
-        const double clock = clockTime(), processor = processorTimeOfBoth();
+        const double before = serverTime(), own = processorTime(), clock = clockTime();
         step();
-        return {clockTime() - clock, processorTimeOfBoth() - processor};
+        const double clockSpent = clockTime() - clock, ownSpent = processorTime() - own;
+        return {clockSpent, ownSpent + serverTime() - before};
     }
 
 private:
-    double processorTimeOfBoth() const;
+    double serverTime() const; // microseconds of its processor time so far
     int serverProcess;
 };
 

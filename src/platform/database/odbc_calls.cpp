@@ -32,14 +32,13 @@ SQLCHAR* bytes(std::string& text) {
     return reinterpret_cast<SQLCHAR*>(text.data());
 }
 
-template <class Unit, class Describe>
-std::string describedName(SQLHANDLE statement, std::size_t column, Describe call) {
-    std::array<Unit, longestName> name{};
-    SQLSMALLINT length = 0, type = 0, digits = 0, nullable = 0;
-    SQLULEN size = 0;
-    call(statement, static_cast<SQLUSMALLINT>(column + 1), name.data(), static_cast<SQLSMALLINT>(name.size()), &length,
-         &type, &size, &digits, &nullable);
-    return written(name, length);
+// Of the ways to ask for a name the one for which no driver looks up what else there is to say of the column.
+template <class Unit, class Call> std::string askedName(SQLHANDLE statement, std::size_t column, Call call) {
+    std::array<Unit, 256> name{};
+    SQLSMALLINT length = 0; // in bytes
+    call(statement, static_cast<SQLUSMALLINT>(column + 1), SQL_DESC_NAME, name.data(),
+         static_cast<SQLSMALLINT>(sizeof(name)), &length, nullptr);
+    return written(name, length / static_cast<long>(sizeof(Unit)));
 }
 
 template <class Unit, class Ask> OdbcDiagnosis diagnosis(SQLSMALLINT kind, SQLHANDLE handle, Ask call) {
@@ -91,8 +90,8 @@ SQLRETURN executeText(SQLHANDLE statement, const std::string& sql, bool byBytes)
 }
 
 std::string columnName(SQLHANDLE statement, std::size_t column, bool byBytes) {
-    return byBytes ? describedName<SQLCHAR>(statement, column, SQLDescribeCol)
-                   : describedName<SQLWCHAR>(statement, column, SQLDescribeColW);
+    return byBytes ? askedName<SQLCHAR>(statement, column, SQLColAttribute)
+                   : askedName<SQLWCHAR>(statement, column, SQLColAttributeW);
 }
 
 OdbcDiagnosis diagnose(SQLSMALLINT kind, SQLHANDLE handle, bool byBytes) {

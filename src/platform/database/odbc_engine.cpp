@@ -138,6 +138,7 @@ Status learnColumns(OdbcSession& session) {
     if (!sent) return sent.failure();
     OdbcFetch fetch(std::move(sent.value()), {session.givesRests, session.driver.byBytes});
     Cells cells;
+    fetch.wantAll();
     while (!fetch.isOver())
         if (auto failed = fetch.fetch(cells)) return noted(session, *failed);
     for (std::size_t i = 0; i + 1 < cells.count(); i += 2)

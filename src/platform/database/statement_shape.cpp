@@ -56,6 +56,7 @@ bool endsWithLimit(const Tokens& tokens, std::size_t select) {
 } // namespace
 
 bool holdsSecondStatement(std::string_view sql) {
+    if (sql.find(';') == sql.npos) return false;
     const Tokens tokens = tokensOf(sql);
     auto isEnd = [](const Token& token) { return isSign(token, ';'); };
     auto end = std::ranges::find_if(tokens, isEnd);
