@@ -141,6 +141,38 @@ TEST_F(Server, keepsAnOpenResultAsItWasWhenAnotherStatementRuns) {
     EXPECT_EQ(countRows(set), 2000);
 }
 
+// Behind the first rows only what was read so far comes with its block; a column that is asked for later is there too.
+TEST_F(Server, answersAColumnThatWasNotReadBefore) {
+    addRows(connection, 600);
+    RecordSet set = open("SELECT * FROM \"T表A\" ORDER BY \"コード\"");
+    for (int row = 1; row <= 600; ++row, set.moveNext()) {
+        EXPECT_EQ(std::stoi(set.text("コード")), row);
+        EXPECT_TRUE(row < 100 || set.text("NameA") == "n" + std::to_string(row)) << row;
+        EXPECT_TRUE(row < 599 || set.text("数") == std::to_string(row)) << row;
+    }
+    EXPECT_TRUE(set.eof());
+}
+
+TEST_F(Server, keepsColumnsThatWereNotReadWhenAnotherStatementRuns) {
+    addRows(connection, 600);
+    RecordSet set = open("SELECT * FROM \"T表A\" ORDER BY \"コード\"");
+    for (int row = 1; row < 100; ++row, set.moveNext()) EXPECT_EQ(std::stoi(set.text("コード")), row);
+    run("UPDATE \"T表A\" SET \"NameA\" = 'other'");
+    for (int row = 100; row <= 600; ++row, set.moveNext()) {
+        EXPECT_EQ(std::stoi(set.text("コード")), row);
+        EXPECT_EQ(set.text("NameA"), "n" + std::to_string(row));
+    }
+    EXPECT_TRUE(set.eof());
+}
+
+// The bound that keeps a small answer to one trip is nobody's business.
+TEST_F(Server, tellsOfAWrongTextByItsOwnWords) {
+    const auto opened = connection.openNative("SELECT * FROM \"T表A\" WHERE");
+    ASSERT_FALSE(opened);
+    EXPECT_EQ(opened.failure().description.find("LIMIT"), std::string::npos) << opened.failure().description;
+    EXPECT_EQ(value("SELECT 1 LIMIT ALL"), "1");
+}
+
 TEST_F(Server, endsItsResultsWhenItCloses) {
     addRows(connection, 2000);
     RecordSet set = open("SELECT * FROM \"T表A\"");
