@@ -34,7 +34,7 @@ SQLCHAR* bytes(std::string& text) {
 
 // Of the ways to ask for a name the one for which no driver looks up what else there is to say of the column.
 template <class Unit, class Call> std::string askedName(SQLHANDLE statement, std::size_t column, Call call) {
-    std::array<Unit, 256> name{};
+    std::array<Unit, longestName> name{};
     SQLSMALLINT length = 0; // in bytes
     call(statement, static_cast<SQLUSMALLINT>(column + 1), SQL_DESC_NAME, name.data(),
          static_cast<SQLSMALLINT>(sizeof(name)), &length, nullptr);
