@@ -16,10 +16,10 @@ namespace kestrel::database {
 struct OdbcSession; // the open session; its results hold on to it too
 struct OdbcResult;  // a statement that is being read
 
-// The rows of one SELECT, fetched in blocks. As soon as the session runs another statement, the blocks that were not
-// read yet are fetched and kept: a result shows the database as it was at its opening, and neither keeps a cursor nor a
-// transaction open on the server behind the back of who doesn't read on. When the session closes, its results are at
-// their end.
+// The rows of one SELECT, fetched in blocks (on some servers sent twice: with a bound first, see docs/design.md). As
+// soon as the session runs another statement, the blocks that were not read yet are fetched and kept: a result shows
+// the database as it was at its opening, and neither keeps a cursor nor a transaction open on the server behind the
+// back of who doesn't read on. When the session closes, its results are at their end.
 class OdbcRows {
 public:
     explicit OdbcRows(std::unique_ptr<OdbcResult> content);
