@@ -35,19 +35,21 @@ const Names sqlServerProviders{"SQL Server", "SQLOLEDB", "SQLNCLI", "MSOLEDBSQL"
 // let a person wait for a quarter of an hour, or two.
 constexpr std::string_view psqlSettings =
     "Protocol=7.4-2;UseServerSidePrepare=0;TextAsLongVarchar=0;MaxVarcharSize=8190;Fetch=256;"
+    "ConnSettings={SET client_encoding TO 'UTF8'};"
     "pqopt={tcp_user_timeout=60000 keepalives_idle=60 keepalives_interval=10 keepalives_count=3};";
 
 // Of several drivers for one server the first that is installed counts.
 const std::array drivers{
     Driver{"PostgreSQL",
            {"PostgreSQL", "PGNP"},
-           {"PostgreSQL Unicode"},
+           {"PostgreSQL Unicode", "PostgreSQL"},
            "odbc-postgresql",
            "Servername",
            "Servername",
            "Port",
            "Database",
-           psqlSettings},
+           psqlSettings,
+           true},
     Driver{"SQL Server",
            sqlServerProviders,
            {"ODBC Driver "},

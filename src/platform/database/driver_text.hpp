@@ -22,7 +22,7 @@ struct InstalledDrivers {
 struct DriverText {
     std::string text; // holds the password
     std::string password;
-    bool byBytes = false; // the driver's UTF-16 calls lose characters; it is given and gives UTF-8
+    bool byBytes = false; // the driver is given and gives UTF-8; else UTF-16
 };
 
 // text: "Provider=…;User ID=…;Password=…;Data Source=…;[Initial Catalog=…;]".

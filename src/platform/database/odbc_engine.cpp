@@ -27,6 +27,7 @@ struct OdbcSession {
     std::string lastState; // of the last failure
     const ServerWords* words = nullptr;
     RequiredColumns required;
+    OdbcRooms rooms;
     std::vector<OdbcResult*> live; // with a cursor on the server
 };
 
@@ -35,7 +36,6 @@ struct OdbcResult {
     std::optional<OdbcFetch> fetch;
     Cells cells;
     std::size_t columns = 0, row = 0, rows = 0;
-    std::vector<std::unique_ptr<Cells>> late; // cells of the present row that were fetched for themselves
     bool anyRow = false;
     std::optional<Failure> brokenOff; // what ended the fetching of the kept blocks
 
@@ -128,7 +128,7 @@ Status run(OdbcSession& session, const std::string& sql) {
 Result<std::string> ask(OdbcSession& session, const std::string& sql) {
     auto sent = send(session, sql);
     if (!sent) return sent.failure();
-    OdbcFetch fetch(std::move(sent.value()), {false, session.driver.byBytes});
+    OdbcFetch fetch(std::move(sent.value()), {false, session.driver.byBytes}, session.rooms);
     Cells cells;
     if (fetch.names().empty()) return std::string();
     if (auto failed = fetch.fetch(cells)) return noted(session, *failed);
@@ -150,9 +150,8 @@ Status learnColumns(OdbcSession& session) {
     if (session.words->requiredColumns.empty()) return done();
     auto sent = send(session, std::string(session.words->requiredColumns));
     if (!sent) return sent.failure();
-    OdbcFetch fetch(std::move(sent.value()), {session.givesRests, session.driver.byBytes});
+    OdbcFetch fetch(std::move(sent.value()), {session.givesRests, session.driver.byBytes}, session.rooms);
     Cells cells;
-    fetch.wantAll();
     while (!fetch.isOver())
         if (auto failed = fetch.fetch(cells)) return noted(session, *failed);
     for (std::size_t i = 0; i + 1 < cells.count(); i += 2)
@@ -168,9 +167,9 @@ Status beginSession(OdbcSession& session) {
 void learnDriver(OdbcSession& session) {
     constexpr SQLUINTEGER needed = SQL_GD_BLOCK | SQL_GD_BOUND | SQL_GD_ANY_COLUMN;
     SQLUINTEGER able = 0;
-    SQLGetInfoW(session.handle.get(), SQL_GETDATA_EXTENSIONS, &able, sizeof(able), nullptr);
+    SQLGetInfo(session.handle.get(), SQL_GETDATA_EXTENSIONS, &able, sizeof(able), nullptr);
     session.words = &serverWords(dbmsName(session.handle.get()));
-    session.givesRests = session.words->readsInBlocks && !session.driver.byBytes && (able & needed) == needed;
+    session.givesRests = session.words->readsInBlocks && (able & needed) == needed;
     session.byCursor = false;
 }
 
@@ -218,45 +217,10 @@ std::optional<Failure> fetchBlock(OdbcResult& result) {
     return noted(session, *failed);
 }
 
-void finish(OdbcResult& result) {
-    result.fetch->stop();
-    forget(result);
-}
-
-// What was left out of the rows from the present one on; from here on every column comes with its block.
-bool completeBlock(OdbcResult& result) {
-    Cells whole;
-    bool good = true;
-    for (std::size_t cell = result.row * result.columns; good && cell < result.rows * result.columns; ++cell) {
-        if (result.cells.isAbsent(cell))
-            good = result.fetch->fetchCell(whole, cell / result.columns, cell % result.columns);
-        else
-            whole.copy(result.cells, cell);
-    }
-    result.cells = std::move(whole);
-    result.row = 0;
-    result.rows = rowsIn(result);
-    return good;
-}
-
 // Fetches what is left, so that the server is free for the next statement.
 void keepRest(OdbcResult& result) {
-    if (result.fetch->hasAbsent() && !completeBlock(result)) result.brokenOff = refuse("a row can't be read");
-    result.fetch->wantAll();
-    while (result.fetch->hasMore() && !result.brokenOff) result.brokenOff = fetchBlock(result);
-    finish(result);
-}
-
-// A cell that didn't come with its block. The rows end behind one that can't be had.
-std::optional<std::string_view> lateCell(OdbcResult& result, std::size_t column) {
-    auto cell = std::make_unique<Cells>();
-    if (!result.fetch->fetchCell(*cell, result.row, column)) {
-        result.brokenOff = refuse("a row can't be read");
-        result.rows = result.row + 1;
-        finish(result);
-        return std::nullopt;
-    }
-    return result.late.emplace_back(std::move(cell))->at(0);
+    while (!result.fetch->isOver())
+        if (auto failed = fetchBlock(result)) result.brokenOff = failed;
 }
 
 void keepAllRests(OdbcSession& session) {
@@ -266,7 +230,7 @@ void keepAllRests(OdbcSession& session) {
 Result<std::unique_ptr<OdbcResult>> resultOf(const std::shared_ptr<OdbcSession>& session, OdbcHandle sent) {
     auto result = std::make_unique<OdbcResult>();
     result->session = session;
-    result->fetch.emplace(std::move(sent), OdbcReading{session->givesRests, session->driver.byBytes});
+    result->fetch.emplace(std::move(sent), OdbcReading{session->givesRests, session->driver.byBytes}, session->rooms);
     result->columns = result->fetch->names().size();
     if (result->columns == 0) return refuse("the statement answers no rows");
     session->live.push_back(result.get());
@@ -295,16 +259,12 @@ bool mayBeTheBounds(const OdbcSession& session) {
     return session.lastState == "42601"; // the standard's syntax error
 }
 
-bool holdsLessThanABlock(const OdbcResult& result) {
-    return result.fetch->isOver() || result.fetch->rowsInAll() < rowsOfBlock;
-}
-
 // A cursor takes a second trip to the server, and most answers are one row: the read is bounded first, and goes by a
 // cursor when it fills a block.
 Result<std::unique_ptr<OdbcResult>> readUnbounded(const std::shared_ptr<OdbcSession>& session, const std::string& sql) {
     if (session->givesRests && mayBeBounded(sql)) {
         auto small = read(session, sql + std::string(session->words->bound) + std::to_string(rowsOfBlock), false);
-        const bool whole = small && holdsLessThanABlock(*small.value());
+        const bool whole = small && small.value()->fetch->isOver();
         if (whole || (!small && !mayBeTheBounds(*session))) return small;
     }
     return read(session, sql, true);
@@ -338,17 +298,14 @@ bool OdbcRows::atEnd() const {
 
 Status OdbcRows::next() {
     if (atEnd()) return done();
-    result->late.clear();
     if (++result->row < result->rows) return done();
-    if (result->fetch->hasMore()) {
+    if (!result->fetch->isOver()) {
         result->cells.clear();
         result->row = 0;
         if (auto failed = fetchBlock(*result)) {
             result->rows = 0;
             return *failed;
         }
-    } else {
-        finish(*result);
     }
     if (!atEnd() || !result->brokenOff) return done();
     return *std::exchange(result->brokenOff, std::nullopt);
@@ -363,10 +320,7 @@ std::string_view OdbcRows::columnName(int index) const {
 }
 
 std::optional<std::string_view> OdbcRows::value(int index) const {
-    const auto column = static_cast<std::size_t>(index);
-    const std::size_t cell = result->row * result->columns + column;
-    result->fetch->read(column);
-    return result->cells.isAbsent(cell) ? lateCell(*result, column) : result->cells.at(cell);
+    return result->cells.at(result->row * result->columns + static_cast<std::size_t>(index));
 }
 
 OdbcConnection& OdbcConnection::operator=(OdbcConnection&& other) noexcept {

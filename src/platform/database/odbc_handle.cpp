@@ -93,10 +93,10 @@ InstalledDrivers installedDrivers() {
 }
 
 std::string dbmsName(SQLHANDLE connection) {
-    std::array<SQLWCHAR, 128> name{};
+    std::array<char, 128> name{}; // in ASCII on every server
     SQLSMALLINT bytes = 0;
-    SQLGetInfoW(connection, SQL_DBMS_NAME, name.data(), sizeof(name), &bytes);
-    return written(name, bytes / static_cast<long>(sizeof(SQLWCHAR)));
+    SQLGetInfo(connection, SQL_DBMS_NAME, name.data(), sizeof(name), &bytes);
+    return name.data();
 }
 
 } // namespace kestrel::database

@@ -3,18 +3,17 @@
 #include "platform/database/odbc_calls.hpp"
 #include "platform/database/utf16.hpp"
 
+#include <utility>
+
 namespace kestrel::database {
 
 namespace {
 
-// UTF-16 units of a bound text with its closing zero. Names and addresses are shorter; a memo is asked for once more.
-constexpr std::size_t width = 128;
-constexpr auto unitBytes = static_cast<SQLLEN>(sizeof(SQLWCHAR));
-constexpr SQLLEN longestBound = (static_cast<SQLLEN>(width) - 1) * unitBytes;
-constexpr std::size_t firstRows = 4; // tell which columns are read; most answers are no longer
+// Bytes of a place with the closing zero. Names and addresses are shorter; a memo is asked for once more.
+constexpr std::size_t width = 384;
 
-std::u16string_view asText(const SQLWCHAR* units, SQLLEN bytes) {
-    return {reinterpret_cast<const char16_t*>(units), static_cast<std::size_t>(bytes / unitBytes)};
+std::size_t cellOf(std::size_t row, std::size_t column) {
+    return column * rowsOfBlock + row;
 }
 
 SQLPOINTER asNumber(std::size_t value) {
@@ -30,47 +29,28 @@ void Cells::clear() {
 
 void Cells::add(std::u16string_view text) {
     appendUtf8(texts, text);
-    ends.push_back({texts.size(), Kind::text});
+    ends.push_back({texts.size(), false});
 }
 
 void Cells::add(std::string_view text) {
     texts += text;
-    ends.push_back({texts.size(), Kind::text});
+    ends.push_back({texts.size(), false});
 }
 
 void Cells::addNull() {
-    ends.push_back({texts.size(), Kind::null});
-}
-
-void Cells::addAbsent() {
-    ends.push_back({texts.size(), Kind::absent});
-}
-
-void Cells::copy(const Cells& other, std::size_t index) {
-    texts += other.at(index).value_or("");
-    ends.push_back({texts.size(), other.ends[index].kind});
+    ends.push_back({texts.size(), true});
 }
 
 std::optional<std::string_view> Cells::at(std::size_t index) const {
-    if (ends[index].kind != Kind::text) return std::nullopt;
+    if (ends[index].null) return std::nullopt;
     const std::size_t begin = index == 0 ? 0 : ends[index - 1].byte;
     return std::string_view(texts).substr(begin, ends[index].byte - begin);
 }
 
-OdbcFetch::OdbcFetch(OdbcHandle executed, OdbcReading how) : statement(std::move(executed)), reading(how) {
+OdbcFetch::OdbcFetch(OdbcHandle executed, OdbcReading how, OdbcRooms& itsRooms)
+    : statement(std::move(executed)), reading(how), rooms(itsRooms) {
     readNames();
-    wanted.resize(columnNames.size());
-    places.resize(columnNames.size(), unbound);
-}
-
-std::size_t OdbcFetch::rowsInAll() const {
-    SQLLEN rows = 0;
-    SQLRowCount(statement.get(), &rows);
-    return static_cast<std::size_t>(rows);
-}
-
-void OdbcFetch::wantAll() {
-    wanted.assign(wanted.size(), true);
+    if (reading.inBlocks) bind();
 }
 
 void OdbcFetch::readNames() {
@@ -80,76 +60,59 @@ void OdbcFetch::readNames() {
         columnNames.push_back(columnName(statement.get(), i, reading.byBytes));
 }
 
-// What is bound is not touched before the driver writes there.
-void OdbcFetch::bind(std::size_t rows) {
-    const bool first = rowsBound == 0;
-    rowsBound = rows;
-    SQLFreeStmt(statement.get(), SQL_UNBIND);
-    SQLSetStmtAttr(statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, asNumber(rows), 0);
+void OdbcFetch::bind() {
+    if (!rooms.empty()) {
+        room = std::move(rooms.back());
+        rooms.pop_back();
+    }
+    const std::size_t cells = columnNames.size() * rowsOfBlock;
+    if (room.lengths.size() < cells) room = {std::vector<char>(cells * width), std::vector<SQLLEN>(cells)};
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, asNumber(rowsOfBlock), 0);
     SQLSetStmtAttr(statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < places.size(); ++i) places[i] = first || wanted[i] ? count++ : unbound;
-    allBound = count == places.size();
-    texts.reset(new SQLWCHAR[count * rows * width]);
-    lengths.reset(new SQLLEN[count * rows]);
-    for (std::size_t i = 0; i < places.size(); ++i)
-        if (isBound(i)) bindColumn(i, places[i]);
-}
-
-void OdbcFetch::bindColumn(std::size_t column, std::size_t place) {
-    SQLBindCol(statement.get(), static_cast<SQLUSMALLINT>(column + 1), SQL_C_WCHAR, &texts[place * rowsBound * width],
-               static_cast<SQLLEN>(width) * unitBytes, &lengths[place * rowsBound]);
+    const SQLSMALLINT type = reading.byBytes ? SQL_C_CHAR : SQL_C_WCHAR;
+    for (std::size_t i = 0; i < columnNames.size(); ++i)
+        SQLBindCol(statement.get(), static_cast<SQLUSMALLINT>(i + 1), type, &room.texts[cellOf(0, i) * width],
+                   static_cast<SQLLEN>(width), &room.lengths[cellOf(0, i)]);
 }
 
 std::optional<OdbcFailure> OdbcFetch::fetch(Cells& cells) {
-    if (reading.inBlocks && rowsBound == 0)
-        bind(firstRows);
-    else if (reading.inBlocks && (rowsBound == firstRows || !allBound))
-        bind(rowsOfBlock);
     fetched = 1; // without a block nobody counts
     const SQLRETURN code = SQLFetch(statement.get());
     bool good = SQL_SUCCEEDED(code);
     for (std::size_t row = 0; good && row < fetched; ++row) good = addRow(cells, row);
-    ended = !good || (reading.inBlocks && fetched < rowsBound);
+    const bool last = reading.inBlocks && fetched < rowsOfBlock;
     std::optional<OdbcFailure> failed;
     if (!good && code != SQL_NO_DATA) failed = odbcFailure(SQL_HANDLE_STMT, statement.get(), reading.byBytes);
-    if (!good || (ended && allBound)) stop();
+    if (!good || last) stop();
     return failed;
-}
-
-bool OdbcFetch::fetchCell(Cells& cells, std::size_t row, std::size_t column) {
-    return SQL_SUCCEEDED(SQLSetPos(statement.get(), row + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE)) &&
-           addAsked(cells, column);
 }
 
 void OdbcFetch::stop() {
     statement.free();
-    texts.reset();
-    lengths.reset();
+    if (!room.texts.empty()) rooms.push_back(std::exchange(room, {}));
 }
 
 bool OdbcFetch::addRow(Cells& cells, std::size_t row) {
     bool good = true;
-    for (std::size_t column = 0; good && column < columnNames.size(); ++column) {
-        if (!reading.inBlocks)
-            good = addAsked(cells, column);
-        else if (isBound(column))
-            good = addBound(cells, row, places[column], column);
-        else
-            cells.addAbsent();
-    }
+    for (std::size_t column = 0; good && column < columnNames.size(); ++column)
+        good = reading.inBlocks ? addBound(cells, row, column) : addAsked(cells, column);
     return good;
 }
 
-bool OdbcFetch::addBound(Cells& cells, std::size_t row, std::size_t place, std::size_t column) {
-    const std::size_t cell = place * rowsBound + row;
-    const SQLLEN bytes = lengths[cell];
-    if (bytes == SQL_NULL_DATA) {
+bool OdbcFetch::addBound(Cells& cells, std::size_t row, std::size_t column) {
+    const std::size_t cell = cellOf(row, column);
+    const SQLLEN length = room.lengths[cell];
+    const auto bytes = static_cast<std::size_t>(length);
+    const char* text = &room.texts[cell * width];
+    if (length == SQL_NULL_DATA)
         cells.addNull();
-        return true;
-    }
-    if (bytes < 0 || bytes > longestBound) return fetchCell(cells, row, column);
-    cells.add(asText(&texts[cell * width], bytes));
+    else if (length < 0 || bytes > width - (reading.byBytes ? 1 : sizeof(SQLWCHAR)))
+        return SQL_SUCCEEDED(SQLSetPos(statement.get(), row + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE)) &&
+               addAsked(cells, column);
+    else if (reading.byBytes)
+        cells.add(std::string_view(text, bytes));
+    else
+        cells.add(std::u16string_view(reinterpret_cast<const char16_t*>(text), bytes / sizeof(char16_t)));
     return true;
 }
 

@@ -57,7 +57,7 @@ const Case cases[] = {
     {"MariaDB's socket", "Provider=MariaDB;User ID=u;Data Source=/run/nowhere.sock;Initial Catalog=k;",
      "DRIVER={MariaDB Unicode};SOCKET=/run/nowhere.sock;DATABASE=k;UID=u;CHARSET"},
     {"an installed driver's name", "Provider=PostgreSQL ANSI;Data Source=h/k;",
-     "DRIVER={PostgreSQL ANSI};Server=h;Database=k;"},
+     "DRIVER={PostgreSQL ANSI};Servername=h;Database=k;Protocol"},
     {"another one's name", "Provider=some driver;User ID=u;Data Source=h:9;Initial Catalog=k;",
      "DRIVER={Some Driver};Server=h;Port=9;Database=k;UID=u;"},
     {"a data source", "Provider=MSDASQL;User ID=u;Password=p;Data Source=Office;Initial Catalog=k;",
@@ -70,10 +70,11 @@ TEST(DriverText, saysTheSameInTheDriversWords) {
         EXPECT_TRUE(begins(textOf(each.given), each.expected)) << each.name << ": " << textOf(each.given);
 }
 
-TEST(DriverText, knowsTheDriverThatLosesCharactersInUtf16) {
+TEST(DriverText, knowsWhichDriversAreSpokenToInUtf8) {
     EXPECT_TRUE(driverText("Provider=MariaDB;Data Source=h/k;", everything).value().byBytes);
     EXPECT_TRUE(driverText("Provider=mariadb unicode;Data Source=h/k;", everything).value().byBytes);
-    EXPECT_FALSE(driverText("Provider=PostgreSQL;Data Source=h/k;", everything).value().byBytes);
+    EXPECT_TRUE(driverText("Provider=PostgreSQL;Data Source=h/k;", everything).value().byBytes);
+    EXPECT_FALSE(driverText("Provider=SQL Server;Data Source=h;", everything).value().byBytes);
 }
 
 TEST(DriverText, takesTheDriverThatIsThere) {
