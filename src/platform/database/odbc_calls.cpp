@@ -54,7 +54,7 @@ template <class Unit, class Ask> OdbcDiagnosis diagnosis(SQLSMALLINT kind, SQLHA
 
 template <class Unit, class Text>
 OdbcPiece takePiece(SQLHANDLE statement, std::size_t column, SQLSMALLINT type, Text& text) {
-    std::array<Unit, pieceSize> room{};
+    std::array<Unit, pieceSize> room; // the driver fills it
     SQLLEN length = 0;
     const SQLRETURN code = SQLGetData(statement, static_cast<SQLUSMALLINT>(column + 1), type, room.data(),
                                       static_cast<SQLLEN>(sizeof(room)), &length);

@@ -10,7 +10,7 @@ namespace kestrel::database {
 namespace {
 
 // Bytes of a place with the closing zero. Names and addresses are shorter; a memo is asked for once more.
-constexpr std::size_t width = 384;
+constexpr std::size_t width = 256;
 
 std::size_t cellOf(std::size_t row, std::size_t column) {
     return column * rowsOfBlock + row;
