@@ -1,5 +1,5 @@
 // Where nulls stand in an ordered answer: in front of everything when it ascends, behind everything when it descends.
-// Most engines do that by themselves; for the one that doesn't, the words stand behind the column. They stand behind no
+// Some engines do that by themselves; for those that don't, the words stand behind the column. They stand behind no
 // column that can't be null: there they would only keep the server from using its index.
 #pragma once
 

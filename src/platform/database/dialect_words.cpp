@@ -34,21 +34,23 @@ constexpr DialectWords postgresql{.quotesNames = true,
                                   .sortsNullsAsGreatest = true,
                                   .marksLiteralsAsNational = false};
 
-// TOP, brackets and nested joins are its own words. LIKE stays with its bracket sets: on this server they are the
-// pattern rule that its users know, and a pattern means there what it means in every other program of theirs. A literal
-// without the N goes through the database's code page, and what that doesn't have is lost without a word.
+// TOP, brackets and nested joins are its own words. LIKE keeps its bracket sets: on this server they are the pattern
+// rule that its users know, and a pattern means there what it means in every other program of theirs. Compared by code
+// point it knows letter case. A literal without the N goes through the database's code page, and what that doesn't have
+// is lost without a word.
 constexpr DialectWords sqlServer{.quotesNames = false,
                                  .quotesBrackets = false,
                                  .limit = LimitForm::top,
                                  .flattensRightJoins = false,
                                  .flattensMarks = true,
                                  .betweenBases = cross,
-                                 .like = LikeForm::asItStands,
+                                 .like = LikeForm::upper,
                                  .takesAsBeforeTableAlias = true,
                                  .sortsNullsAsGreatest = false,
                                  .marksLiteralsAsNational = true};
 
-// The marks and nested joins are its own words. It folds the letters of a bare name, and its LIKE knows letter case.
+// The marks and nested joins are its own words. It folds the letters of a bare name, its LIKE knows letter case, and
+// its nulls come last.
 constexpr DialectWords oracle{.quotesNames = true,
                               .quotesBrackets = true,
                               .limit = LimitForm::fetchFirst,
@@ -57,7 +59,7 @@ constexpr DialectWords oracle{.quotesNames = true,
                               .betweenBases = cross,
                               .like = LikeForm::upper,
                               .takesAsBeforeTableAlias = false,
-                              .sortsNullsAsGreatest = false,
+                              .sortsNullsAsGreatest = true,
                               .marksLiteralsAsNational = false};
 
 // In its session mode LIKE has no escape character; compared by code point it knows letter case. Quoted, no name is a

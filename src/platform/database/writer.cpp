@@ -45,15 +45,20 @@ bool isPattern(const Writer& writer, std::size_t at) {
     return next.kind == TokenKind::word && !isWord(next, "ESCAPE");
 }
 
+// A word stands in front with nothing between.
+bool touchesWord(const Writer& writer, std::size_t at) {
+    return at > 0 && writer.tokens[at - 1].kind == TokenKind::word &&
+           endOf(writer, at - 1) == offsetOf(writer, writer.tokens[at].text);
+}
+
 // An N in front of the literal, if it needs one and has none yet.
 std::string_view nationalMark(const Writer& writer, std::size_t at) {
     const Token& token = writer.tokens[at];
     if (!writer.words.marksLiteralsAsNational || token.kind != TokenKind::literal || !holdsMoreThanAscii(token.text))
         return "";
-    bool joined = at > 0 && writer.tokens[at - 1].kind == TokenKind::word &&
-                  endOf(writer, at - 1) == offsetOf(writer, token.text);
-    if (!joined) return "N";
-    return isSqlWord(writer.tokens[at - 1].text) ? " N" : "";
+    if (!touchesWord(writer, at)) return "N";
+    if (!isSqlWord(writer.tokens[at - 1].text)) return "";
+    return writer.out.ends_with('(') ? "N" : " N";
 }
 
 void writeOne(Writer& writer, std::size_t at) {
@@ -109,6 +114,7 @@ std::size_t writeComparison(Writer& writer, std::size_t begin, const Comparison&
     writeGap(writer, found.columnEnd);
     writeRest(writer, found.columnEnd, found.pattern);
     writeGap(writer, found.pattern);
+    if (touchesWord(writer, found.pattern)) writer.out += ' ';
     writeInUpperCase(writer, found.pattern, found.pattern + 1);
     return found.pattern + 1;
 }

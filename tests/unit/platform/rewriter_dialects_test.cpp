@@ -26,10 +26,10 @@ constexpr auto server = Dialect::sqlServer, oracle = Dialect::oracle, mariadb = 
 
 const Case sqlServer[] = {
     {"its own words stay", server,
-     "SELECT TOP 1 [a].x AS y FROM (C RIGHT JOIN (B RIGHT JOIN A AS p ON B.k = p.k) ON C.k = p.k) WHERE d LIKE "
-     "'[a-c]%'",
-     "SELECT TOP 1 [a].x AS y FROM (C RIGHT JOIN (B RIGHT JOIN A AS p ON B.k = p.k) ON C.k = p.k) WHERE d LIKE "
-     "'[a-c]%'"},
+     "SELECT TOP 1 [a].x AS y FROM (C RIGHT JOIN (B RIGHT JOIN A AS p ON B.k = p.k) ON C.k = p.k) ORDER BY z DESC",
+     "SELECT TOP 1 [a].x AS y FROM (C RIGHT JOIN (B RIGHT JOIN A AS p ON B.k = p.k) ON C.k = p.k) ORDER BY z DESC"},
+    {"LIKE by capitals, with its sets", server, "SELECT a FROM b WHERE NOT (c LIKE '[a-c]%' OR b.[d] NOT LIKE '大%')",
+     "SELECT a FROM b WHERE NOT (UPPER(c) LIKE UPPER('[a-c]%') OR UPPER(b.[d]) NOT LIKE UPPER(N'大%'))"},
     {"marks become a chain", server,
      "SELECT TOP 1000 [a].x FROM c,[b],a WHERE c.k(+) = a.k AND [b].l(+) = a.l AND a.y = '1' ORDER BY a.x",
      "SELECT TOP 1000 [a].x FROM a LEFT JOIN c ON c.k = a.k LEFT JOIN [b] ON [b].l = a.l WHERE a.y = '1' ORDER BY a.x"},
@@ -38,14 +38,16 @@ const Case sqlServer[] = {
     {"literals beyond ASCII", server, "INSERT INTO M事業所 (名称,番号)VALUES ('大阪''支店','01')",
      "INSERT INTO M事業所 (名称,番号)VALUES (N'大阪''支店','01')"},
     {"literals without a blank in front", server, "SELECT a FROM b WHERE c LIKE'%大%' AND d<>'阪' AND e = N'支'",
-     "SELECT a FROM b WHERE c LIKE N'%大%' AND d<>N'阪' AND e = N'支'"},
+     "SELECT a FROM b WHERE UPPER(c) LIKE UPPER(N'%大%') AND d<>N'阪' AND e = N'支'"},
 };
 
 const Case oracles[] = {
     {"names", oracle, "INSERT INTO [T閲覧](事業所コード) VALUES (NULL)",
      R"(INSERT INTO "T閲覧"("事業所コード") VALUES (NULL))"},
     {"a limit behind the order", oracle, "SELECT TOP 1 a FROM b ORDER BY c DESC",
-     R"(SELECT "a" FROM "b" ORDER BY "c" DESC FETCH FIRST 1 ROWS ONLY)"},
+     R"(SELECT "a" FROM "b" ORDER BY "c" DESC NULLS LAST FETCH FIRST 1 ROWS ONLY)"},
+    {"nulls in front", oracle, "SELECT a FROM b ORDER BY b.c, d ASC",
+     R"(SELECT "a" FROM "b" ORDER BY "b"."c" NULLS FIRST, "d" ASC NULLS FIRST)"},
     {"a limit within", oracle, "SELECT a FROM b WHERE c IN (SELECT TOP 2 d FROM e)",
      R"(SELECT "a" FROM "b" WHERE "c" IN (SELECT "d" FROM "e" FETCH FIRST 2 ROWS ONLY))"},
     {"marks stay", oracle, "SELECT a.x FROM b,a WHERE b.k(+) = a.k AND l (+) = a.l",
@@ -61,6 +63,8 @@ const Case oracles[] = {
     {"LIKE by capitals", oracle, "SELECT a FROM b WHERE c LIKE '%x%' AND (d.e NOT LIKE  'y' OR NOT [f] LIKE 'z')",
      R"(SELECT "a" FROM "b" WHERE UPPER("c") LIKE UPPER('%x%') AND (UPPER("d"."e") NOT LIKE  UPPER('y') )"
      R"(OR NOT UPPER("f") LIKE UPPER('z')))"},
+    {"LIKE without a blank behind", oracle, "SELECT a FROM b WHERE c LIKE'%x%'",
+     R"(SELECT "a" FROM "b" WHERE UPPER("c") LIKE UPPER('%x%'))"},
     {"LIKE of what is no plain column stays", oracle,
      "SELECT a FROM b WHERE c || d LIKE 'x' AND e.f.g LIKE 'y' AND h LIKE i AND j LIKE 'k' ESCAPE '!' AND l(+) LIKE "
      "'m'",
