@@ -20,6 +20,7 @@ struct OdbcSession {
     DriverText driver;
     bool wasClosed = false;
     bool drawing = false;
+    bool tookBack = false;   // the server has undone what the draw wrote so far
     bool byCursor = false;   // what the driver was told last
     bool givesRests = false; //
     int waiting = 0, running = 0;
@@ -46,6 +47,14 @@ Failure refuse(std::string why) {
     return Failure{1, std::move(why)};
 }
 
+Failure connectionLost() {
+    return refuse("the connection was lost");
+}
+
+Failure drawTakenBack() {
+    return refuse("the server took the draw back");
+}
+
 std::string withoutPassword(std::string text, const std::string& password) {
     if (password.empty()) return text;
     for (auto at = text.find(password); at != std::string::npos; at = text.find(password, at + 3))
@@ -68,15 +77,19 @@ void forget(OdbcResult& result) {
 void lose(OdbcSession& session) {
     for (OdbcResult* result : session.live) {
         result->fetch->stop();
-        result->brokenOff = refuse("the connection was lost");
+        result->brokenOff = connectionLost();
     }
     session.live.clear();
     session.handle.free();
 }
 
+// With this state some servers have undone the whole transaction, and the next statement would begin another one.
+constexpr std::string_view deadlock = "40001";
+
 // How a failure of the session's own goes on: whoever asks next opens it anew.
 Failure noted(OdbcSession& session, const OdbcFailure& failed) {
     session.lastState = failed.state;
+    if (session.drawing && failed.state == deadlock) session.tookBack = true;
     if (tellsLoss(failed)) lose(session);
     return failed.failure;
 }
@@ -94,6 +107,7 @@ void readByCursor(OdbcSession& session, bool byCursor) {
 
 // The driver isn't to look for its own escapes in the text: the suite's texts hold none.
 Result<OdbcHandle> send(OdbcSession& session, const std::string& sql) {
+    if (!session.handle) return connectionLost(); // while the rests of other results were fetched
     OdbcHandle statement = newHandle(SQL_HANDLE_STMT, session.handle.get());
     if (!statement) return noted(session, failureOf(session, SQL_HANDLE_DBC, session.handle.get()));
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
@@ -172,9 +186,9 @@ Status connect(OdbcSession& session) {
 
 // A session that was lost is tried once more; within a draw that would write without the draw's lock.
 Status makeReady(OdbcSession& session) {
-    if (session.handle) return done();
+    if (session.handle) return session.tookBack ? Status(drawTakenBack()) : done();
     if (session.wasClosed) return refuse("the connection is not open");
-    if (session.drawing) return refuse("the connection was lost");
+    if (session.drawing) return connectionLost();
     Status status = connect(session);
     if (!status) session.handle.free();
     return status;
@@ -253,6 +267,13 @@ Result<std::unique_ptr<OdbcResult>> readUnbounded(const std::shared_ptr<OdbcSess
     return read(session, sql, true);
 }
 
+Status endTransaction(OdbcSession& session, bool keep) {
+    if (!session.handle) return connectionLost();
+    const SQLSMALLINT how = keep ? SQL_COMMIT : SQL_ROLLBACK;
+    if (SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, session.handle.get(), how))) return done();
+    return noted(session, failureOf(session, SQL_HANDLE_DBC, session.handle.get()));
+}
+
 } // namespace
 
 OdbcResult::~OdbcResult() {
@@ -308,6 +329,7 @@ OdbcConnection& OdbcConnection::operator=(OdbcConnection&& other) noexcept {
 
 void OdbcConnection::close() {
     if (!session || session->wasClosed) return;
+    if (session->drawing) (void)end(false); // with an open transaction not every driver ends a session
     lose(*session);
     session->wasClosed = true;
 }
@@ -339,6 +361,7 @@ Result<OdbcRows> OdbcConnection::open(const std::string& sql) {
 }
 
 Status OdbcConnection::begin() {
+    if (session->drawing) return refuse("a draw goes on already");
     if (Status ready = makeReady(*session); !ready) return ready;
     keepAllRests(*session);
     readByCursor(*session, false);
@@ -356,14 +379,15 @@ Status OdbcConnection::begin() {
 
 Status OdbcConnection::end(bool keep) {
     const bool wasDrawing = std::exchange(session->drawing, false);
-    if (!session->handle || !wasDrawing) return keep ? Status(refuse("the connection was lost")) : done();
+    const bool tookBack = std::exchange(session->tookBack, false);
+    if (!session->handle || !wasDrawing) return keep ? Status(connectionLost()) : done();
     keepAllRests(*session);
-    Status status = done();
-    if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, session->handle.get(), keep ? SQL_COMMIT : SQL_ROLLBACK)))
-        status = noted(*session, failureOf(*session, SQL_HANDLE_DBC, session->handle.get()));
-    if (!session->handle) return status;
-    setAttribute(*session, SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON);
-    if (!session->words->afterDraw.empty()) (void)ask(*session, filled(*session, session->words->afterDraw));
+    Status status = keep && tookBack ? Status(drawTakenBack()) : endTransaction(*session, keep && !tookBack);
+    if (!status) (void)endTransaction(*session, false); // else what wasn't kept would be with what comes next
+    // A session that would go on collecting is of no use: the next statement opens another.
+    if (session->handle && !setAttribute(*session, SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON)) lose(*session);
+    if (session->handle && !session->words->afterDraw.empty())
+        (void)ask(*session, filled(*session, session->words->afterDraw));
     return status;
 }
 

@@ -178,6 +178,54 @@ TEST_F(Server, aDrawThatIsNotKeptGoesBack) {
     EXPECT_EQ(another().openNative("SELECT count(*) AS n FROM \"T表A\"").value().text("n"), "1");
 }
 
+TEST_F(Server, aDrawThatCanNotBeKeptIsNotKeptInPart) {
+    run("CREATE TABLE \"T表B\" (\"コード\" text REFERENCES \"T表A\" DEFERRABLE INITIALLY DEFERRED)");
+    ASSERT_TRUE(connection.beginDraw());
+    run("INSERT INTO \"T表A\" VALUES ('1', 'a', 1)");
+    run("INSERT INTO \"T表B\" VALUES ('2')"); // refused when the draw ends
+    EXPECT_FALSE(connection.endDraw(true));
+    EXPECT_EQ(value("SELECT count(*) FROM \"T表A\""), "0");
+    run("INSERT INTO \"T表A\" VALUES ('3', 'c', 3)");
+    EXPECT_EQ(another().openNative("SELECT count(*) AS n FROM \"T表A\"").value().text("n"), "1");
+}
+
+TEST_F(Server, aDrawGoesBackWhenItsConnectionCloses) {
+    ASSERT_TRUE(connection.beginDraw());
+    run("INSERT INTO \"T表A\" VALUES ('1', 'a', 1)");
+    connection.close();
+    auto other = openConnection(std::getenv("KESTREL_TEST_SERVER"), Role::beside, {.connectionTimeout = 1});
+    ASSERT_TRUE(other);
+    EXPECT_TRUE(other.value().beginDraw()) << "the closed one still draws";
+    EXPECT_EQ(other.value().openNative("SELECT count(*) AS n FROM \"T表A\"").value().text("n"), "0");
+}
+
+TEST_F(Server, drawsDoNotNest) {
+    EXPECT_FALSE(connection.endDraw(true));
+    EXPECT_TRUE(connection.endDraw(false));
+    ASSERT_TRUE(connection.beginDraw());
+    EXPECT_FALSE(connection.beginDraw());
+    run("INSERT INTO \"T表A\" VALUES ('1', 'a', 1)");
+    EXPECT_TRUE(connection.endDraw(true));
+    EXPECT_EQ(value("SELECT count(*) FROM \"T表A\""), "1");
+}
+
+// Some servers take the whole transaction back when a deadlock hits it, and go on as if nothing were.
+TEST_F(Server, aDrawThatTheServerTookBackKeepsNothing) {
+    run("CREATE OR REPLACE FUNCTION deadlock() RETURNS int LANGUAGE plpgsql AS 'BEGIN RAISE EXCEPTION ''deadlock'' "
+        "USING "
+        "ERRCODE = ''40001''; END'");
+    ASSERT_TRUE(connection.beginDraw());
+    run("INSERT INTO \"T表A\" VALUES ('1', 'a', 1)");
+    EXPECT_NE(failureOf("SELECT deadlock()"), "none");
+    EXPECT_NE(failureOf("INSERT INTO \"T表A\" VALUES ('2', 'b', 2)"), "none");
+    EXPECT_FALSE(connection.endDraw(true));
+    EXPECT_EQ(value("SELECT count(*) FROM \"T表A\""), "0");
+    ASSERT_TRUE(connection.beginDraw()) << "the next one knows nothing of it";
+    run("INSERT INTO \"T表A\" VALUES ('2', 'b', 2)");
+    EXPECT_TRUE(connection.endDraw(true));
+    run("DROP FUNCTION deadlock");
+}
+
 // Both draws would end at once if nobody kept the other away.
 TEST_F(Server, aSecondDrawWaitsForTheFirst) {
     auto other = openConnection(std::getenv("KESTREL_TEST_SERVER"), Role::beside, {.connectionTimeout = 1});
@@ -213,6 +261,18 @@ TEST_F(Server, aLostSessionFailsOnceAndIsOpenedAnew) {
     EXPECT_EQ(failureOf("INSERT INTO \"T表A\" VALUES ('y', 'a', 1)"), "none");
     EXPECT_EQ(value("SELECT count(*) FROM \"T表A\" WHERE \"コード\" IN ('x', 'y')"), "1") << "sent twice";
     EXPECT_EQ(value("SELECT current_setting('lock_timeout')"), "1min") << "the new session begins like the old one";
+}
+
+// What is left of a result is fetched before the next statement goes out, so that is where the loss shows.
+TEST_F(Server, aSessionLostUnderAnOpenResultFailsTheNextStatement) {
+    Connection killer = another();
+    addRows(connection, 5000);
+    const std::string process = value("SELECT pg_backend_pid()");
+    RecordSet set = open("SELECT * FROM \"T表A\" ORDER BY 1");
+    killSession(killer, process);
+    EXPECT_EQ(failureOf("INSERT INTO \"T表A\" VALUES ('x', 'a', 1)"), "the connection was lost");
+    EXPECT_EQ(failureOf("INSERT INTO \"T表A\" VALUES ('y', 'a', 1)"), "none");
+    EXPECT_THROW(countRows(set), DatabaseError);
 }
 
 TEST_F(Server, aSessionLostWithinADrawIsNotOpenedAnewBeforeItsEnd) {
