@@ -25,22 +25,31 @@ const std::array rows{
                 useDeclareFetch,
                 true,
                 " LIMIT "},
+    // An error behind the first answer of a text is only seen by who asks for the further ones, so the draw's refusal
+    // is an answer, and nothing answers before it.
     ServerWords{
         Dialect::sqlServer,
         {"Microsoft SQL Server"},
         {"SET LOCK_TIMEOUT {waiting}"},
         "",
-        {"DECLARE @taken int; EXEC @taken = sp_getapplock @Resource = 'number registers', @LockMode = "
-         "'Exclusive', @LockOwner = 'Session', @LockTimeout = {waiting}; IF @taken < 0 RAISERROR('busy', 16, 1)"},
+        {"SET NOCOUNT ON; DECLARE @taken int; EXEC @taken = sp_getapplock @Resource = 'number registers', @LockMode = "
+         "'Exclusive', @LockOwner = 'Session', @LockTimeout = {waiting}; SELECT CASE WHEN @taken < 0 THEN 0 ELSE 1 "
+         "END"},
         "EXEC sp_releaseapplock @Resource = 'number registers', @LockOwner = 'Session'"},
-    ServerWords{Dialect::oracle, {"Oracle"}, {}, "", {"LOCK TABLE \"A番号情報\" IN EXCLUSIVE MODE"}, ""},
+    // What language the person's computer speaks must change neither the order of texts nor the point in a number.
+    ServerWords{Dialect::oracle,
+                {"Oracle"},
+                {"ALTER SESSION SET NLS_COMP = BINARY NLS_SORT = BINARY NLS_NUMERIC_CHARACTERS = '.,'"},
+                "SELECT table_name, column_name FROM user_tab_columns WHERE nullable = 'N'",
+                {"LOCK TABLE \"A番号情報\" IN EXCLUSIVE MODE WAIT {seconds}"},
+                ""},
     ServerWords{Dialect::mariadb,
                 {"MariaDB", "MySQL"},
                 {"SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,STRICT_ALL_TABLES'",
                  "SET SESSION innodb_lock_wait_timeout = {seconds}",
                  "SET SESSION collation_connection = 'utf8mb4_nopad_bin'"},
                 "",
-                {"SELECT GET_LOCK('number registers', {seconds})"},
+                {"SELECT COALESCE(GET_LOCK('number registers', {seconds}), 0)"},
                 "SELECT RELEASE_LOCK('number registers')",
                 0,
                 false},

@@ -18,7 +18,8 @@ struct ServerWords {
     std::vector<std::string_view> session;
     // Asked when a session begins: table and column of each column that can't be null. Empty: nobody needs to know.
     std::string_view requiredColumns;
-    // Sent at the beginning of a draw: from here to its end no other draw runs. An answer of 0 is a refusal.
+    // Sent at the beginning of a draw: from here to its end no other draw runs. An answer of 0 is a refusal; each waits
+    // no longer than told to.
     std::vector<std::string_view> draw;
     std::string_view afterDraw; // and behind it, where the end of the transaction doesn't let go by itself
     // The driver's own attribute that makes it read by a cursor on the server instead of taking a whole result; 0: it
