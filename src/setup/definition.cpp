@@ -68,8 +68,16 @@ std::string indexHead(const Table& table, const Index& index, const Words& words
     return "CREATE INDEX " + quoted(table.name + "_" + index.name, words) + " ON " + quoted(table.name, words);
 }
 
+bool isRequired(const Table& table, const std::string& name) {
+    const auto column = std::ranges::find(table.columns, name, &Column::name);
+    return column != table.columns.end() && column->required;
+}
+
 std::string indexText(const Table& table, const Index& index, const Words& words) {
-    return indexHead(table, index, words) + " (" + quotedList(index.columns, ", ", words) + ")";
+    const auto place = [&](const std::string& name) {
+        return quoted(name, words) + (isRequired(table, name) ? "" : words.nullsInIndex);
+    };
+    return indexHead(table, index, words) + " (" + joined(index.columns, ", ", place) + ")";
 }
 
 std::string searchText(const Table& table, const Index& search, const Words& words) {

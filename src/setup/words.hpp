@@ -25,6 +25,7 @@ struct Words {
     const char* tableEnd;        // behind the columns
     const char* textOpening;     // of a literal
     std::size_t rowsOfOneInsert; // how many rows one INSERT may hold
+    const char* nullsInIndex;    // behind a column of an index that may be null: where its nulls stand
     const char* partsOfText;     // an index that finds a part of a text: %: one column; nothing where there is none
     const char* middleware;      // how an installation's configuration names such a server
     const char* begin;           // of a transaction; nothing where every statement stands alone

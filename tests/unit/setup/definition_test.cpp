@@ -32,7 +32,7 @@ constexpr Golden golden[] = {
      ", 定価掛率 NUMERIC, "},
     {Dialect::postgresql, R"(CREATE TABLE "K発送区分" ("区分" integer NOT NULL, "名称" text, PRIMARY KEY ("区分")))",
      R"(CREATE TABLE "M郵便番号" ("郵便番号" text, "住所A" text, "住所B" text))",
-     R"(CREATE INDEX "M郵便番号_郵便番号" ON "M郵便番号" ("郵便番号"))",
+     R"(CREATE INDEX "M郵便番号_郵便番号" ON "M郵便番号" ("郵便番号" NULLS FIRST))",
      R"(CREATE TABLE "A期日別番号情報" ("番号ID" text NOT NULL, "期日" text NOT NULL, "連番" text, "履歴連番" text, )"
      R"(PRIMARY KEY ("番号ID", "期日")))",
      R"(, "宛先名称" text GENERATED ALWAYS AS (coalesce("宛先名称A",'')||coalesce("宛先名称B",'')||)"
@@ -105,6 +105,14 @@ TEST(DefinitionTest, eachFamilyGetsItsOwnWords) {
 
 TEST(DefinitionTest, everyFamilyMakesTheSameTablesAndIndexes) {
     for (const Golden& one : golden) EXPECT_EQ(createStatements("main", one.dialect).size(), 37u);
+}
+
+// Else the server sorts a whole office's rosters to find the last one.
+TEST(DefinitionTest, anIndexHasItsNullsWhereTheProgramsOrdersHaveThem) {
+    EXPECT_EQ(statementOf(createStatements("main", Dialect::postgresql), R"(CREATE INDEX "T名簿_名簿日付順")"),
+              R"(CREATE INDEX "T名簿_名簿日付順" ON "T名簿" ("事業所コード", "名簿日付" NULLS FIRST, "名簿No"))");
+    EXPECT_EQ(statementOf(createStatements("main", Dialect::mariadb), R"(CREATE INDEX "T名簿_名簿日付順")"),
+              R"(CREATE INDEX "T名簿_名簿日付順" ON "T名簿" ("事業所コード", "名簿日付", "名簿No"))");
 }
 
 TEST(DefinitionTest, partsOfTextsAreIndexedWhereTheServerCanDoThat) {

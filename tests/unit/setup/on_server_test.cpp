@@ -2,6 +2,7 @@
 // test.
 #include "../server.hpp"
 #include "installations.hpp"
+#include "platform/database/rewriter.hpp"
 #include "platform/database/server_databases.hpp"
 #include "setup/check.hpp"
 #include "setup/create.hpp"
@@ -9,6 +10,8 @@
 #include "setup/main_database.hpp"
 #include "setup/main_place.hpp"
 #include "setup/move.hpp"
+#include "setup/tables.hpp"
+#include "setup/words.hpp"
 
 #include <fstream>
 #include <sstream>
@@ -222,6 +225,54 @@ TEST_F(OnServerTest, aUsersCopyThatCannotBeWrittenIsTold) {
     ASSERT_EQ(moveFrom(root), "done");
     EXPECT_NE(words.find(root + "/users/甲/conf/usrcnfg.accdb still names the old place: "), std::string::npos)
         << words;
+}
+
+// The plan of a statement of the program, as this server gets it.
+std::string planOf(Connection& store, std::string_view sql) {
+    database::RequiredColumns required;
+    for (const Table& table : tables()) {
+        for (const Column& column : table.columns) {
+            if (column.required) required.add(table.name, column.name);
+        }
+    }
+    const std::string text = database::rewrite(sql, database::Dialect::postgresql, &required);
+    const auto lines = store.openNative("SELECT string_agg(line, ' ') AS plan FROM plan_of(" +
+                                        literal(text, wordsOf(database::Dialect::postgresql)) + ") AS line");
+    return lines ? lines.value().text("plan") : lines.failure().description;
+}
+
+TEST_F(OnServerTest, stepsFromRosterToRosterReadAnIndexAndSortNothing) {
+    ASSERT_EQ(createAt("a", What::minimal), "done");
+    Connection store = opened(text);
+    for (const char* sql :
+         {"INSERT INTO \"T名簿\" (\"事業所コード\", \"番号基準日付\", \"名簿No\", \"名簿日付\") SELECT '001', "
+          "'20240331', "
+          "lpad(i::text, 8, '0'), CASE WHEN i % 50 > 0 THEN to_char(date '2020-01-01' + i % 1500, 'YYYYMMDD') END FROM "
+          "generate_series(1, 5000) i",
+          "ANALYZE \"T名簿\"",
+          "CREATE FUNCTION plan_of(sql text) RETURNS SETOF text LANGUAGE plpgsql AS 'BEGIN RETURN QUERY EXECUTE "
+          "''EXPLAIN '' || sql; END'"})
+        ASSERT_TRUE(store.executeNative(sql)) << sql;
+    const struct {
+        const char *step, *scan;
+    } steps[] = {
+        {"名簿日付 <= '20240101' ORDER BY 名簿日付 DESC, 名簿No DESC", "Scan Backward using \"T名簿_名簿日付順\""},
+        {"名簿日付 >= '20200101' ORDER BY 名簿日付, 名簿No", "Scan using \"T名簿_名簿日付順\""},
+        {"(番号基準日付 <> '') ORDER BY 名簿日付 DESC, 名簿No DESC", "Scan Backward using \"T名簿_名簿日付順\""},
+        {"((番号基準日付 = '20240331' AND 名簿No < '00003000') OR 番号基準日付 < '20240331') ORDER BY 番号基準日付 "
+         "DESC, "
+         "名簿No DESC",
+         "Scan Backward using \"T名簿_pkey\""},
+        {"((番号基準日付 = '20240331' AND 名簿No > '00003000') OR 番号基準日付 > '20240331') ORDER BY 番号基準日付 , "
+         "名簿No",
+         "Scan using \"T名簿_pkey\""},
+    };
+    for (const auto& [step, scan] : steps) {
+        const std::string plan = planOf(
+            store, std::string("SELECT TOP 1 番号基準日付,名簿No FROM T名簿 WHERE 事業所コード = '001' AND ") + step);
+        EXPECT_NE(plan.find(scan), std::string::npos) << plan;
+        EXPECT_EQ(plan.find("Sort"), std::string::npos) << plan;
+    }
 }
 
 } // namespace kestrel::setup
