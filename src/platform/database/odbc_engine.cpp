@@ -90,7 +90,7 @@ constexpr std::string_view deadlock = "40001";
 Failure noted(OdbcSession& session, const OdbcFailure& failed) {
     session.lastState = failed.state;
     if (session.drawing && failed.state == deadlock) session.tookBack = true;
-    if (tellsLoss(failed)) lose(session);
+    if (tellsLoss(session.handle.get(), failed)) lose(session);
     return failed.failure;
 }
 

@@ -62,9 +62,12 @@ OdbcFailure odbcFailure(SQLSMALLINT kind, SQLHANDLE handle, bool byBytes) {
     return {{diagnosis.number, asOneLine(std::move(diagnosis.text))}, std::move(diagnosis.state)};
 }
 
-bool tellsLoss(const OdbcFailure& failure) {
-    // 57P: PostgreSQL's own states of a server that goes down.
-    return failure.state.starts_with("08") || failure.state.starts_with("57P");
+// 08 is the standard's state for it; yet many a driver has one of its own, and only answers when it is asked.
+bool tellsLoss(SQLHANDLE connection, const OdbcFailure& failure) {
+    if (failure.state.starts_with("08")) return true;
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    const SQLRETURN code = SQLGetConnectAttrW(connection, SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr);
+    return SQL_SUCCEEDED(code) && dead == SQL_CD_TRUE;
 }
 
 SQLHANDLE odbcEnvironment() {

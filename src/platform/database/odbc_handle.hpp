@@ -39,8 +39,8 @@ struct OdbcFailure {
 };
 OdbcFailure odbcFailure(SQLSMALLINT kind, SQLHANDLE handle, bool byBytes); // see DriverText
 
-// The connection after it was lost, or the server went down, can't be used any more.
-bool tellsLoss(const OdbcFailure& failure);
+// Whether a connection on which that failed was lost, or its server went down: it can't be used any more.
+bool tellsLoss(SQLHANDLE connection, const OdbcFailure& failure);
 
 // The environment that a connection lives in: of the process, made at the first call. Null when there is no memory.
 SQLHANDLE odbcEnvironment();
