@@ -30,11 +30,12 @@ struct Driver {
 // Windows' names for drivers carry a release behind, which is left out here.
 const Names sqlServerProviders{"SQL Server", "SQLOLEDB", "SQLNCLI", "MSOLEDBSQL"};
 
-// psqlODBC: a statement that fails within a transaction takes only itself back; texts of any length are plain texts. A
-// server that can't be reached any more (a cable, a sleeping machine) is given up after a minute; else the kernel would
-// let a person wait for a quarter of an hour, or two.
+// Of psqlODBC's two forms the one that hands on bytes as they are, told that they are UTF-8: the other one turns each
+// text twice, or looks the encoding up by its name for each. A statement that fails within a transaction takes only
+// itself back; texts of any length are plain texts. A server that can't be reached any more (a cable, a sleeping
+// machine) is given up after a minute; else the kernel would let a person wait for a quarter of an hour, or two.
 constexpr std::string_view psqlSettings =
-    "Protocol=7.4-2;UseServerSidePrepare=0;TextAsLongVarchar=0;MaxVarcharSize=8190;Fetch=256;"
+    "Protocol=7.4-2;UseServerSidePrepare=0;TextAsLongVarchar=0;MaxVarcharSize=8190;Fetch=1024;"
     "ConnSettings={SET client_encoding TO 'UTF8'};"
     "pqopt={tcp_user_timeout=60000 keepalives_idle=60 keepalives_interval=10 keepalives_count=3};";
 
@@ -42,7 +43,7 @@ constexpr std::string_view psqlSettings =
 const std::array drivers{
     Driver{"PostgreSQL",
            {"PostgreSQL", "PGNP"},
-           {"PostgreSQL Unicode", "PostgreSQL"},
+           {"PostgreSQL ANSI", "PostgreSQL"},
            "odbc-postgresql",
            "Servername",
            "Servername",

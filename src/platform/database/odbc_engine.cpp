@@ -112,6 +112,9 @@ Result<OdbcHandle> send(OdbcSession& session, const std::string& sql) {
     OdbcHandle statement = newHandle(SQL_HANDLE_STMT, session.handle.get());
     if (!statement) return noted(session, failureOf(session, SQL_HANDLE_DBC, session.handle.get()));
     SQLSetStmtAttr(statement.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
+    if (!session.words->limitsStatements)
+        SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT,
+                       reinterpret_cast<SQLPOINTER>(static_cast<std::size_t>(session.running)), 0);
     const SQLRETURN code = executeText(statement.get(), sql, session.driver.byBytes);
     if (SQL_SUCCEEDED(code) || code == SQL_NO_DATA) return statement;
     const OdbcFailure failed = failureOf(session, SQL_HANDLE_STMT, statement.get());

@@ -10,7 +10,7 @@ namespace kestrel::database {
 namespace {
 
 // Bytes of a place with the closing zero. Names and addresses are shorter; a memo is asked for once more.
-constexpr std::size_t width = 256;
+constexpr std::size_t width = 512;
 
 std::size_t cellOf(std::size_t row, std::size_t column) {
     return column * rowsOfBlock + row;
@@ -25,6 +25,12 @@ SQLPOINTER asNumber(std::size_t value) {
 void Cells::clear() {
     texts.clear();
     ends.clear();
+}
+
+void Cells::expect(std::size_t more) {
+    constexpr std::size_t usualBytes = 12;
+    ends.reserve(ends.size() + more);
+    texts.reserve(texts.size() + more * usualBytes);
 }
 
 void Cells::add(std::u16string_view text) {
@@ -79,6 +85,7 @@ std::optional<OdbcFailure> OdbcFetch::fetch(Cells& cells) {
     fetched = 1; // without a block nobody counts
     const SQLRETURN code = SQLFetch(statement.get());
     bool good = SQL_SUCCEEDED(code);
+    if (good) cells.expect(fetched * columnNames.size());
     for (std::size_t row = 0; good && row < fetched; ++row) good = addRow(cells, row);
     const bool last = reading.inBlocks && fetched < rowsOfBlock;
     std::optional<OdbcFailure> failed;

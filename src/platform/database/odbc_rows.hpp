@@ -18,6 +18,7 @@ inline constexpr std::size_t rowsOfBlock = 256;
 class Cells {
 public:
     void clear();
+    void expect(std::size_t more); // room for so many more, made once
     void add(std::u16string_view text);
     void add(std::string_view text);
     void addNull();

@@ -17,13 +17,16 @@ constexpr int useDeclareFetch = 65539;
 const std::array rows{
     ServerWords{Dialect::postgresql,
                 {"PostgreSQL"},
-                {"SET lock_timeout = {waiting}", "SET statement_timeout = {running}", "SET cursor_tuple_fraction = 1"},
+                {"SET lock_timeout = {waiting}", "SET statement_timeout = {running}",
+                 "SET standard_conforming_strings = on", "SET cursor_tuple_fraction = 1",
+                 "SET default_transaction_isolation = 'read committed'"},
                 "SELECT relname, attname FROM pg_attribute JOIN pg_class ON pg_class.oid = attrelid "
                 "WHERE attnotnull AND attnum > 0 AND relkind IN ('r', 'p', 'f') AND pg_table_is_visible(attrelid) "
                 "AND relnamespace <> 'pg_catalog'::regnamespace",
                 {"SELECT pg_advisory_xact_lock(hashtext('number registers'))"},
                 "",
                 useDeclareFetch,
+                true,
                 true,
                 " LIMIT "},
     // An error behind the first answer of a text is only seen by who asks for the further ones, so the draw's refusal
@@ -56,6 +59,9 @@ const std::array rows{
                 false},
 };
 
+// A server that nobody here knows gets the suite's statements and nothing else.
+const ServerWords unknown{Dialect::postgresql, {}, {}, "", {}, ""};
+
 bool beginsWith(std::string_view text, std::string_view beginning) {
     return text.size() >= beginning.size() && sameName(text.substr(0, beginning.size()), beginning);
 }
@@ -76,7 +82,7 @@ const ServerWords& serverWords(std::string_view dbmsName) {
     const auto found = std::ranges::find_if(rows, [&](const ServerWords& row) {
         return std::ranges::any_of(row.names, [&](std::string_view name) { return beginsWith(dbmsName, name); });
     });
-    return found != rows.end() ? *found : rows.front();
+    return found != rows.end() ? *found : unknown;
 }
 
 std::string filledWords(std::string_view words, int waitingSeconds, int runningSeconds) {

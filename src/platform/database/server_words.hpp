@@ -25,11 +25,13 @@ struct ServerWords {
     // The driver's own attribute that makes it read by a cursor on the server instead of taking a whole result; 0: it
     // reads row by row anyway.
     int cursorAttribute = 0;
-    bool readsInBlocks = true;   // its driver keeps its place when the rest of a long text of a block is asked for
-    std::string_view bound = ""; // with that attribute: what bounds a read, written behind it in front of a number
+    bool readsInBlocks = true;     // its driver keeps its place when the rest of a long text of a block is asked for
+    bool limitsStatements = false; // the session's words say how long a statement may run; else the driver is told
+    std::string_view bound = "";   // with that attribute: what bounds a read, written behind it in front of a number
 };
 
-// The row of the server that calls itself so; of the one that keeps closest to the standard for an unknown name.
+// The row of the server that calls itself so; for an unknown name one with the family closest to the standard and no
+// words.
 const ServerWords& serverWords(std::string_view dbmsName);
 
 std::string filledWords(std::string_view words, int waitingSeconds, int runningSeconds);

@@ -199,11 +199,11 @@ TEST_F(OnServerTest, aMoveIntoADatabaseThatWasThereTakesOnlyItsTablesBack) {
     EXPECT_EQ(presentTables(store).value(), std::vector<std::string>{"other"});
 }
 
-// What is no UTF-8 can't be the same text on a server.
-TEST_F(OnServerTest, aCopyThatIsNotTheSameIsNotTaken) {
+// What is no UTF-8 is no text on a server.
+TEST_F(OnServerTest, aTextThatTheServerRefusesUndoesTheMove) {
     const std::string root = make("a", What::minimal);
     change(root, mainFile, "UPDATE M部門 SET 名称 = CAST(x'41FF42' AS TEXT)");
-    EXPECT_EQ(moveFrom(root), "table M部門: the server does not hold the same texts as the file");
+    EXPECT_TRUE(moveFrom(root).starts_with("table M部門: ")) << moveFrom(root);
     EXPECT_FALSE(databaseIsThere());
     EXPECT_EQ(valueIn(root, localFile, "SELECT db FROM データベース定義"), "A");
 }
