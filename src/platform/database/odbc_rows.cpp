@@ -72,7 +72,8 @@ void OdbcFetch::bind() {
         rooms.pop_back();
     }
     const std::size_t cells = columnNames.size() * rowsOfBlock;
-    if (room.lengths.size() < cells) room = {std::vector<char>(cells * width), std::vector<SQLLEN>(cells)};
+    if (room.places < cells)
+        room = {cells, std::unique_ptr<char[]>(new char[cells * width]), std::unique_ptr<SQLLEN[]>(new SQLLEN[cells])};
     SQLSetStmtAttr(statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, asNumber(rowsOfBlock), 0);
     SQLSetStmtAttr(statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);
     const SQLSMALLINT type = reading.byBytes ? SQL_C_CHAR : SQL_C_WCHAR;
@@ -96,7 +97,7 @@ std::optional<OdbcFailure> OdbcFetch::fetch(Cells& cells) {
 
 void OdbcFetch::stop() {
     statement.free();
-    if (!room.texts.empty()) rooms.push_back(std::exchange(room, {}));
+    if (room.places > 0) rooms.push_back(std::exchange(room, {}));
 }
 
 bool OdbcFetch::addRow(Cells& cells, std::size_t row) {

@@ -34,10 +34,12 @@ private:
     std::vector<End> ends;
 };
 
-// The places that a driver writes a block into, column by column, row by row.
+// The places that a driver writes a block into, column by column, row by row. What it doesn't write to is no memory
+// yet.
 struct OdbcRoom {
-    std::vector<char> texts;
-    std::vector<SQLLEN> lengths; // bytes, or SQL_NULL_DATA
+    std::size_t places = 0;
+    std::unique_ptr<char[]> texts;
+    std::unique_ptr<SQLLEN[]> lengths; // bytes, or SQL_NULL_DATA
 };
 
 // Rooms of a session that nobody is in, for the next read: a new one each time would cost more than most reads do.
