@@ -36,7 +36,6 @@ const Names sqlServerProviders{"SQL Server", "SQLOLEDB", "SQLNCLI", "MSOLEDBSQL"
 // machine) is given up after a minute; else the kernel would let a person wait for a quarter of an hour, or two.
 constexpr std::string_view psqlSettings =
     "Protocol=7.4-2;UseServerSidePrepare=0;TextAsLongVarchar=0;MaxVarcharSize=8190;Fetch=1024;"
-    "ConnSettings={SET client_encoding TO 'UTF8'};"
     "pqopt={tcp_user_timeout=60000 keepalives_idle=60 keepalives_interval=10 keepalives_count=3};";
 
 // Of several drivers for one server the first that is installed counts.

@@ -17,7 +17,7 @@ constexpr int useDeclareFetch = 65539;
 const std::array rows{
     ServerWords{Dialect::postgresql,
                 {"PostgreSQL"},
-                {"SET lock_timeout = {waiting}", "SET statement_timeout = {running}",
+                {"SET client_encoding = 'UTF8'", "SET lock_timeout = {waiting}", "SET statement_timeout = {running}",
                  "SET standard_conforming_strings = on", "SET cursor_tuple_fraction = 1",
                  "SET default_transaction_isolation = 'read committed'"},
                 "SELECT relname, attname FROM pg_attribute JOIN pg_class ON pg_class.oid = attrelid "

@@ -90,6 +90,14 @@ TEST_F(Server, keepsBackslashesWhateverTheServerIsTold) {
     run("ALTER ROLE kestrel IN DATABASE kestrel RESET standard_conforming_strings");
 }
 
+TEST_F(Server, speaksUtf8WhateverTheMachineIsTold) {
+    setenv("PGCLIENTENCODING", "EUC_JP", 1);
+    Connection fresh = another();
+    unsetenv("PGCLIENTENCODING");
+    EXPECT_EQ(fresh.openNative("SELECT '亜' AS t, length('亜') AS n").value().text("n"), "1");
+    EXPECT_EQ(fresh.openNative("SELECT '亜' AS t").value().text("t"), "亜");
+}
+
 TEST_F(Server, answersTextOrNull) {
     run("INSERT INTO \"T表A\" VALUES ('1', NULL, 12.50)");
     RecordSet set = open("SELECT * FROM \"T表A\"");
